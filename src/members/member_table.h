@@ -47,14 +47,14 @@ struct DefaultValue {
   };
   Kind kind = Kind::Required;
   std::int32_t number = 0;  // of Number, and 0 or 1 of Truth
-  std::u16string_view text;
+  std::u16string_view text = {};
 };
 
 struct Parameter {
-  std::string_view name;
+  std::string_view name = {};
   InterfaceType type = InterfaceType::None;
   bool by_reference = false;
-  DefaultValue default_value;
+  DefaultValue default_value = {};
 
   constexpr bool IsOptional() const { return default_value.kind != DefaultValue::Kind::Required; }
 };
@@ -98,9 +98,9 @@ enum class FaultDescription : std::uint8_t {
 };
 
 struct MemberInfo {
-  std::string_view name;
+  std::string_view name = {};
   SlotKind kind = SlotKind::Method;
-  ConstantList<Parameter, 14> parameters;
+  ConstantList<Parameter, 14> parameters = {};
   InterfaceType result = InterfaceType::None;
 
   FailureStyle failure = FailureStyle::Pass;
@@ -108,14 +108,15 @@ struct MemberInfo {
   FaultDescription fault_description = FaultDescription::Composed;
   std::u16string_view log_application = u"VandPublic";
   std::u16string_view log_module = u"clsCommon";
-  std::string_view log_name;       // where the name logged and raised is not the member's own
+  std::string_view log_name = {};  // where the name logged and raised is not the member's own
   bool writes_description = true;  // false: has rstr_ErrDesc and never writes it
 
-  ConstantList<std::u16string_view, 6> messages;  // of its own rejections, in the order of checks
+  ConstantList<std::u16string_view, 6> messages =
+      {};  // of its own rejections, in the order of checks
 
-  std::string_view does;    // what the member does, in sentences
-  std::string_view raises;  // which inputs fail
-  std::string_view leaves;  // by-reference arguments and side effects after a failure
+  std::string_view does = {};    // what the member does, in sentences
+  std::string_view raises = {};  // which inputs fail
+  std::string_view leaves = {};  // by-reference arguments and side effects after a failure
   bool available = true;
 
   constexpr std::string_view LogName() const { return log_name.empty() ? name : log_name; }
@@ -143,12 +144,12 @@ std::string_view TypeName(InterfaceType type) noexcept;
 
 // An enumeration of the interface with its members.
 struct EnumerationValue {
-  std::string_view name;
+  std::string_view name = {};
   std::int32_t value;
 };
 struct Enumeration {
   InterfaceType type;
-  std::string_view name;
+  std::string_view name = {};
   std::span<const EnumerationValue> values;
 };
 std::span<const Enumeration> Enumerations() noexcept;
