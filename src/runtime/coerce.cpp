@@ -140,9 +140,12 @@ struct AsText {
   }
 };
 
+template <class T>
+constexpr T kMost = std::numeric_limits<T>::max();
+
 template <class Narrow, class Wide>
 Variant Next(Narrow value) {
-  if (value == std::numeric_limits<Narrow>::max()) return static_cast<Wide>(static_cast<Wide>(value) + 1);
+  if (value == kMost<Narrow>) return static_cast<Wide>(static_cast<Wide>(value) + 1);
   return static_cast<Narrow>(value + 1);
 }
 

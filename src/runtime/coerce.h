@@ -28,9 +28,9 @@ VANDPUBLIC_API String ToText(const Variant& value);
 // hexadecimal digits, "&O" and octal ones. The decimal separator is always ".".
 VANDPUBLIC_API std::optional<double> ParseNumber(std::u16string_view text);
 
-// The value plus one, in its own type; past that type's range in the next wider one (byte, 16-bit,
-// 32-bit, double). Empty becomes a 16-bit 1, numeric text a double.
-VANDPUBLIC_API Variant Incremented(const Variant& value);
+// Adds one, keeping the type; past that type's range in the next wider one (byte, 16-bit, 32-bit,
+// double). Empty becomes a 16-bit 1, numeric text a double. The value stays where it raises.
+VANDPUBLIC_API void Increment(Variant& value);
 
 }  // namespace vandpublic
 

@@ -23,7 +23,7 @@ class OptionalRef {
   requires std::constructible_from<T, From&&> &&
       (!std::same_as<std::remove_cvref_t<From>, OptionalRef>)&&(!std::same_as<From, T&>)
           OptionalRef(From&& start)
-      : own_(std::forward<From>(start)), variable_(&own_) {}
+      : own_(static_cast<T>(std::forward<From>(start))), variable_(&own_) {}
 
   OptionalRef(const OptionalRef& other)
       : own_(other.own_), variable_(other.IsBound() ? other.variable_ : &own_) {}

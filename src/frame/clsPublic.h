@@ -1,0 +1,258 @@
+// clsPublic: the component's one class, with all its members.
+//
+// Generated from members/member_table.cpp by scripts/generate.sh; edit the table, not this file.
+//
+//   vandpublic::clsPublic component;
+//   component.Init("/srv/app");
+//   vandpublic::String key = "0123456789ABCDEFFEDCBA9876543210", data = "0123456789ABCDE7";
+//   std::cout << component.FstrDES3(key, data).ToUtf8();
+//
+// A failing member throws AutomationError (number, source, description); "plain fault n" in the
+// comments is a RuntimeFault with that small number. An object is used from one thread at a time.
+#ifndef VANDPUBLIC_FRAME_CLSPUBLIC_H
+#define VANDPUBLIC_FRAME_CLSPUBLIC_H
+
+#include <memory>
+
+#include "runtime/arrays.h"
+#include "runtime/basic_types.h"
+#include "runtime/object.h"
+#include "runtime/optional_ref.h"
+#include "runtime/string_value.h"
+#include "runtime/variant.h"
+
+namespace vandpublic {
+
+struct Platform;
+
+// Any 32-bit value is valid in these types; the members say what they do.
+enum enumDebugMode : Long {
+  DEBUG_MODE_OFF = 0,
+  DEBUG_MODE_LOGFILE = 1,
+  DEBUG_MODE_MSGBOX = 2,
+};
+enum enumInputMode : Long {
+  INPUT_MODE_BIT = 0,
+  INPUT_MODE_DECIMAL = 1,
+  INPUT_MODE_HEX = 2,
+  INPUT_MODE_ASC = 3,
+  INPUT_MODE_NO_RESTRICT = 4,
+};
+enum enumPadMethod : Long {
+  LEFTPAD = 1,
+  RIGHTPAD = 2,
+};
+enum LockTypeEnum : Long {
+  adLockUnspecified = -1,
+  adLockReadOnly = 1,
+  adLockPessimistic = 2,
+  adLockOptimistic = 3,
+  adLockBatchOptimistic = 4,
+};
+
+class VANDPUBLIC_API clsPublic {
+ public:
+  // DebugMode 1, LogFileName "ERROR.log", LogFilePath "\LOG" below the component's folder. Nothing
+  // is created on disk.
+  clsPublic();
+  // The same on other platform services than the system's.
+  explicit clsPublic(std::shared_ptr<const Platform> platform);
+  ~clsPublic();
+  clsPublic(clsPublic&&) noexcept;
+  clsPublic& operator=(clsPublic&&) noexcept;
+
+  // Copies iint_DataLen bytes from subscript iint_SrcSub of abyt_Src on to subscript rvar_DesSub of
+  // abyt_Dest on, one by one upwards, also when both are one array. rvar_DesSub ends just past the
+  // last byte written; iint_SrcSub stays. A length of 0 or less copies nothing. Subscripts are
+  // absolute. Always returns False.
+  // Raises: A subscript lies outside its array: plain fault 9. rvar_DesSub is no number: 13; null:
+  // 94.
+  // After a failure: The bytes copied so far stay, rvar_DesSub shows how far it got.
+  bool CpyByteArray(ByteArray& abyt_Dest, ByteArray& abyt_Src, Integer& iint_DataLen,
+                    OptionalRef<Variant> rvar_DesSub = Integer{0},
+                    OptionalRef<Integer> iint_SrcSub = 0);
+
+  // True when ibln_VbNullStringIsNull is set and the text is absent or empty or, with
+  // ibln_SpaceIsNull, consists of blanks (U+0020) only. False for every text when
+  // ibln_VbNullStringIsNull is not set.
+  bool FstrIsNullExt(const String& istr_Source, bool ibln_VbNullStringIsNull = true,
+                     bool ibln_SpaceIsNull = true);
+
+  // The client's application folder, empty until Init or a write sets it.
+  String AppPath() const;
+
+  // Stores the folder as given. The log folder does not follow.
+  void AppPath(const String& value);
+
+  // What LogError does: bit 1 writes the log file, bit 2 shows a message box. 1 in a new object.
+  enumDebugMode DebugMode() const;
+
+  // Stores the value without any check.
+  void DebugMode(enumDebugMode value);
+
+  // Sets AppPath to the folder, LogFilePath to the folder followed by \LOG (the ends of the joined
+  // text trimmed) and DebugMode. A folder that ends in a backslash gives two of them before LOG.
+  // LogFileName stays. Nothing is created on disk.
+  void Init(const String& istr_AppPath, enumDebugMode iint_DebugMode = DEBUG_MODE_LOGFILE);
+
+  // Appends a dated entry of two or three lines to the file LogFileFullName, shows a message box,
+  // or both, as the bits of DebugMode say. The message is the trimmed description; when that is
+  // blank, the error's "source (number) - description", which is then handed back in irstr_ErrDesc;
+  // "Unknown error!" when there is no error either. A third line shows the error when both are
+  // there. Failures while writing or showing are swallowed.
+  // Raises: iobj_Err is left out or unset: plain fault 91. It lacks Source, Number or Description:
+  // 438.
+  // After a failure: irstr_ErrDesc keeps its text.
+  void LogError(const String& istr_AppName, const String& istr_ModuleName,
+                const String& istr_FunctionName, const ObjectRef& iobj_Err = nullptr,
+                OptionalRef<String> irstr_ErrDesc = u"");
+
+  // The folder of the error log: the component's own folder followed by \LOG until Init or a write
+  // changes it.
+  String LogFilePath() const;
+
+  // Stores the folder without leading and trailing blanks.
+  void LogFilePath(const String& value);
+
+  // The error log's file name, ERROR.log in a new object.
+  String LogFileName() const;
+
+  // Stores the name without leading and trailing blanks.
+  void LogFileName(const String& value);
+
+  // LogFilePath, a backslash unless it ends in one, and LogFileName.
+  String LogFileFullName() const;
+
+  // The number of elements in one dimension of an array of any type. 0, without an error, for what
+  // is no array, has no storage or lacks the dimension.
+  // Raises 0x80040003 (clsCommon.ArraySize): iint_Dimension is below 1.
+  // Messages: "Invalid input dimension.".
+  Long ArraySize(Variant& iavar_Array, Integer iint_Dimension = 1);
+
+  // The upper-case hexadecimal digit of four bits; Bit0 has weight 1, Bit3 weight 8.
+  // Raises 0x80040010 (clsCommon.BitToHex): A bit is above 1.
+  // Messages: "Input value is not in bit format.".
+  String BitToHex(Byte ibyt_Bit0 = 0, Byte ibyt_Bit1 = 0, Byte ibyt_Bit2 = 0, Byte ibyt_Bit3 = 0);
+
+  // The four bits of the text's first hexadecimal digit, leading blanks skipped; further characters
+  // are ignored. An empty text gives four zeros.
+  // Raises 0x80040012 (clsCommon.HexToBit): The first character is no hexadecimal digit: HexToDec
+  // logs and raises, then this member.
+  // After a failure: The bits keep their values.
+  void HexToBit(const String& istr_HexChr, OptionalRef<Byte> rbyt_Bit0 = 0,
+                OptionalRef<Byte> rbyt_Bit1 = 0, OptionalRef<Byte> rbyt_Bit2 = 0,
+                OptionalRef<Byte> rbyt_Bit3 = 0);
+
+  // The value of a hexadecimal number in either case, blanks around it removed; 0 for an empty
+  // text.
+  // Raises 0x80040013 (clsCommon.HexToDec): A character is no hexadecimal digit (with the message);
+  // the value is above 7FFFFFFF (empty description).
+  // Messages: "Input value is not in hex format.".
+  Long HexToDec(const String& istr_HexNumber);
+
+  // Whether every character is a hexadecimal digit, in either case; True for the empty text.
+  // Nothing is trimmed.
+  // Raises 0x80040008 (clsCommon.IsHex): The text has more than 32767 characters.
+  bool IsHex(const String& istr_HexNumber);
+
+  // The bytes from subscript 0 on as display text: two hexadecimal digits (or decimal digits, when
+  // ibln_HexStr is False) and a blank each, CR LF after every iint_CntPerLine bytes. iint_DispNum
+  // limits the count, 0 shows the whole array.
+  // Raises: Never. A failure is logged and described in rstr_ErrDesc, the result is "":
+  // iint_CntPerLine below 1, iint_DispNum below 0, no subscript 0.
+  // Messages: "Invalid Count of displaying per line. ", "Invalid displayed Number . ".
+  // After a failure: The result is "", never a part of the text.
+  String DispBytes(ByteArray& arr_Bytes, Integer iint_DispNum = 0, Integer iint_CntPerLine = 40,
+                   bool ibln_HexStr = true, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The text's bytes in the ANSI code page as hexadecimal digits. A character outside the page is
+  // 3F.
+  // Raises 0x80040018 (clsCommon.FstrVbStrToHexStr): only for want of memory.
+  String FstrVbStrToHexStr(const String& istr_Source, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Two-key triple-DES encipherment (FIPS 46-3, ECB) of hexadecimal text; the result is display
+  // text as DispBytes makes it, 40 bytes a line. iDataLen 0 takes all of istr_Src; a length that is
+  // no multiple of 8 is completed with 80 and zeros. Up to 1024 bytes.
+  // Raises 0x8004001C (clsCommon.FstrDES3): A text is not upper-case hexadecimal or too long for
+  // its buffer, or DES3 fails.
+  // After a failure: istr_Key and istr_Src lose their blanks and get a leading 0 when odd; iDataLen
+  // becomes the length enciphered.
+  String FstrDES3(String& istr_Key, String& istr_Src, OptionalRef<Integer> iDataLen = 0);
+
+  // Two-key triple-DES decipherment of hexadecimal text. The filling that FstrDES3 added is not
+  // removed.
+  // Raises: Never. The result is "" after a failure; only the members it calls log.
+  // After a failure: The texts and iDataLen change as in FstrDES3.
+  String FstrUDES3(String& istr_Key, String& istr_Src, OptionalRef<Integer> iDataLen = 0);
+
+  // Upper-case hexadecimal text as a byte array of lower bound 0, up to 1024 bytes; an odd text
+  // gets a leading 0. PaddingToLen above 0 gives that many bytes: the zeros stand behind the data
+  // with PaddingLeft, else in front of it but for one behind.
+  // Raises 0x80040030 (clsCommon.FstrHexStrToByte): The text is not hexadecimal or too long for
+  // PaddingToLen (with the message); a lower-case digit, more than 1024 bytes, an empty text
+  // without PaddingToLen, or a text that just fits with PaddingLeft False (empty description).
+  // Messages: "Resouce string not Hex string.", "the specified len is not enough to hold the byte
+  // array.".
+  ByteArray FstrHexStrToByte(const String& istr_HexStr, Integer PaddingToLen = 0,
+                             OptionalRef<bool> PaddingLeft = true,
+                             OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Stores upper-case hexadecimal text in the array from subscript rvar_Pos on, which ends just
+  // past the last byte. Blanks are removed from istr_HexStr, an odd one gets a leading 0. An array
+  // without elements is dimensioned to hold the text.
+  // Raises 0x80040031 (clsCommon.FillByteArrWithHexStr): The text is not hexadecimal (with the
+  // message); a lower-case digit, or a subscript outside the array (empty description).
+  // Messages: "Resouce string not Hex string.".
+  // After a failure: The bytes stored so far, rvar_Pos, the changed istr_HexStr and a newly made
+  // array all stay.
+  bool FillByteArrWithHexStr(ByteArray& ArrToBeFill, String& istr_HexStr,
+                             OptionalRef<Variant> rvar_Pos = Integer{0},
+                             OptionalRef<String> rstr_ErrDesc = u"");
+
+  // DES encipherment (FIPS 46-3, ECB) of bytes 0 to iint_SrcLen - 1 under key bytes 0 to 7 into the
+  // same bytes of abyt_Result, which the caller dimensions and which may be abyt_Source. True.
+  // Raises 0x80040028 (clsCommon.DES): Key below 8 bytes, length below 8 or no multiple of 8,
+  // source below 8 bytes, result below the length; an array that lacks a subscript.
+  // Messages: "Invalid key size provided.", "Invalid source data length.", "Length of source bytes
+  // must be multiple of 8.", "Source byte array size not enough.", "Result byte array size not
+  // enough.", "Error occurs during encrypt data.".
+  // After a failure: Blocks already written stay. rstr_ErrDesc is never written.
+  bool DES(ByteArray& abyt_Key, ByteArray& abyt_Source, Integer& iint_SrcLen,
+           ByteArray& abyt_Result, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // DES decipherment; everything else as in DES.
+  // Raises 0x80040029 (clsCommon.UDES): As DES.
+  // Messages: "Invalid key size provided.", "Invalid source data length.", "Length of source bytes
+  // must be multiple of 8.", "Source byte array size not enough.", "Result byte array size not
+  // enough.", "Error occurs during encrypt data.".
+  // After a failure: Blocks already written stay. rstr_ErrDesc is never written.
+  bool UDES(ByteArray& abyt_Key, ByteArray& abyt_Source, Integer& iint_SrcLen,
+            ByteArray& abyt_Result, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Two-key triple-DES encipherment (FIPS 46-3, ECB; encipher, decipher, encipher) under key bytes
+  // 0 to 15; the rest as in DES. True.
+  // Raises 0x8004002A (clsCommon.DES3): Key below 16 bytes; what DES and UDES raise is logged and
+  // raised again.
+  // Messages: "Invalid key size provided.".
+  // After a failure: Blocks already written stay. rstr_ErrDesc is never written.
+  bool DES3(ByteArray& abyt_Key, ByteArray& abyt_Source, Integer& iint_SrcLen,
+            ByteArray& abyt_Result, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Two-key triple-DES decipherment; everything else as in DES3.
+  // Raises 0x8004002B (clsCommon.UDES3): As DES3.
+  // Messages: "Invalid key size provided.".
+  // After a failure: Blocks already written stay. rstr_ErrDesc is never written.
+  bool UDES3(ByteArray& abyt_Key, ByteArray& abyt_Source, Integer& iint_SrcLen,
+             ByteArray& abyt_Result, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The services this object works with.
+  const Platform& platform() const noexcept;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace vandpublic
+
+#endif

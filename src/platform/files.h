@@ -1,0 +1,43 @@
+// The port for sequential files. Paths are the caller's texts; a "\" in them separates folders.
+#ifndef VANDPUBLIC_PLATFORM_FILES_H
+#define VANDPUBLIC_PLATFORM_FILES_H
+
+#include <memory>
+#include <string_view>
+
+namespace vandpublic {
+
+enum class OpenMode {
+  Output,  // creates the file or empties it; a hidden one that exists is refused with fault 75
+  Append,  // creates the file or writes at its end
+};
+
+// An open file. Its faults are those of the classic runtime: 57, 61 and the like.
+class OutputFile {
+ public:
+  // Closes the file, unless Close or GiveUp came first.
+  virtual ~OutputFile() = default;
+
+  virtual void Write(std::string_view bytes) = 0;
+  // Everything written is handed to the system; a full device shows here at the latest.
+  virtual void Close() = 0;
+  // Leaves the handle open for the rest of the process.
+  virtual void GiveUp() noexcept = 0;
+};
+
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  // Faults: 52 a name with "*", "?" or a zero character, or one that is too long; 67 no handle
+  // left; 70 locked; 75 a folder, a read-only file, an empty name; 76 no such folder.
+  virtual std::unique_ptr<OutputFile> Open(std::u16string_view path, OpenMode mode) = 0;
+};
+
+// Opens, writes and closes. A file whose write fails after it was opened is not closed: its handle
+// is given up, on purpose, as clients of these files have always had it.
+void WriteFile(Files& files, std::u16string_view path, OpenMode mode, std::string_view bytes);
+
+}  // namespace vandpublic
+
+#endif
