@@ -33,12 +33,8 @@ class BasicByteView {
 using ByteView = BasicByteView<const Byte>;
 using MutableByteView = BasicByteView<Byte>;
 
-inline ByteView View(const ByteArray& array) {
-  return {array.Elements(), array.LowerBound()};
-}
-inline MutableByteView View(ByteArray& array) {
-  return {array.Elements(), array.LowerBound()};
-}
+inline ByteView View(const ByteArray& array) { return {array.Elements(), array.LowerBound()}; }
+inline MutableByteView View(ByteArray& array) { return {array.Elements(), array.LowerBound()}; }
 
 }  // namespace vandpublic
 

@@ -10,9 +10,7 @@ constexpr std::u16string_view kLogFolder = u"\\LOG";
 constexpr std::u16string_view kDefaultLogFileName = u"ERROR.log";
 
 // A text is stored as the empty string when it is absent: properties never read back as absent.
-String Stored(const String& value) {
-  return value.IsAbsent() ? String() : value;
-}
+String Stored(const String& value) { return value.IsAbsent() ? String() : value; }
 
 }  // namespace
 
@@ -28,9 +26,7 @@ clsPublic::~clsPublic() = default;
 clsPublic::clsPublic(clsPublic&&) noexcept = default;
 clsPublic& clsPublic::operator=(clsPublic&&) noexcept = default;
 
-const Platform& clsPublic::platform() const noexcept {
-  return *state_->platform;
-}
+const Platform& clsPublic::platform() const noexcept { return *state_->platform; }
 
 void clsPublic::Init(const String& istr_AppPath, enumDebugMode iint_DebugMode) {
   AppPath(istr_AppPath);
@@ -39,30 +35,18 @@ void clsPublic::Init(const String& istr_AppPath, enumDebugMode iint_DebugMode) {
   DebugMode(iint_DebugMode);
 }
 
-String clsPublic::AppPath() const {
-  return state_->app_path;
-}
-void clsPublic::AppPath(const String& value) {
-  state_->app_path = Stored(value);
-}
+String clsPublic::AppPath() const { return state_->app_path; }
+void clsPublic::AppPath(const String& value) { state_->app_path = Stored(value); }
 
-enumDebugMode clsPublic::DebugMode() const {
-  return state_->debug_mode;
-}
-void clsPublic::DebugMode(enumDebugMode value) {
-  state_->debug_mode = value;
-}
+enumDebugMode clsPublic::DebugMode() const { return state_->debug_mode; }
+void clsPublic::DebugMode(enumDebugMode value) { state_->debug_mode = value; }
 
-String clsPublic::LogFilePath() const {
-  return state_->log_file_path;
-}
+String clsPublic::LogFilePath() const { return state_->log_file_path; }
 void clsPublic::LogFilePath(const String& value) {
   state_->log_file_path = TrimSpaces(value.view());
 }
 
-String clsPublic::LogFileName() const {
-  return state_->log_file_name;
-}
+String clsPublic::LogFileName() const { return state_->log_file_name; }
 void clsPublic::LogFileName(const String& value) {
   state_->log_file_name = TrimSpaces(value.view());
 }

@@ -27,9 +27,7 @@ struct LoggedError {
   }
 };
 
-std::u16string Trimmed(const String& text) {
-  return std::u16string(TrimSpaces(text.view()));
-}
+std::u16string Trimmed(const String& text) { return std::u16string(TrimSpaces(text.view())); }
 
 LoggedError ReadError(const ObjectRef& error) {
   if (error == nullptr) RaiseFault(FaultNumber::ObjectVariableNotSet);

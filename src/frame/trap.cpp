@@ -49,9 +49,7 @@ std::u16string ErrorSource(const MemberInfo& info) {
 
 }  // namespace
 
-void Reject(std::u16string_view message) {
-  throw Rejection{std::u16string(message)};
-}
+void Reject(std::u16string_view message) { throw Rejection{std::u16string(message)}; }
 
 void HandleFailure(clsPublic& object, Member member, String description, String* rstr_ErrDesc) {
   const MemberInfo& info = MemberTable()[static_cast<std::size_t>(member)];

@@ -917,9 +917,7 @@ constexpr Enumeration kEnumerations[] = {{DebugMode, "enumDebugMode", kDebugMode
                                          {PadMethod, "enumPadMethod", kPadMethods},
                                          {LockType, "LockTypeEnum", kLockTypes}};
 
-constexpr char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+constexpr char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 constexpr bool SameLetters(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -928,9 +926,7 @@ constexpr bool SameLetters(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-std::span<const MemberInfo, kSlotCount> MemberTable() noexcept {
-  return kTable;
-}
+std::span<const MemberInfo, kSlotCount> MemberTable() noexcept { return kTable; }
 
 std::optional<std::size_t> FindSlot(std::string_view name, SlotKind kind) noexcept {
   for (std::size_t i = 0; i < kTable.size(); ++i) {
@@ -949,9 +945,7 @@ std::int32_t DispatchId(std::size_t slot_index) noexcept {
   return id;
 }
 
-std::span<const Enumeration> Enumerations() noexcept {
-  return kEnumerations;
-}
+std::span<const Enumeration> Enumerations() noexcept { return kEnumerations; }
 
 const Enumeration* FindEnumeration(InterfaceType type) noexcept {
   for (const Enumeration& enumeration : kEnumerations) {

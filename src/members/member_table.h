@@ -97,10 +97,12 @@ enum class FaultDescription : std::uint8_t {
   Empty,     // the empty string; the log entry has the composed text all the same
 };
 
+inline constexpr std::size_t kMostParameters = 14;
+
 struct MemberInfo {
   std::string_view name = {};
   SlotKind kind = SlotKind::Method;
-  ConstantList<Parameter, 14> parameters = {};
+  ConstantList<Parameter, kMostParameters> parameters = {};
   InterfaceType result = InterfaceType::None;
 
   FailureStyle failure = FailureStyle::Pass;
@@ -111,8 +113,8 @@ struct MemberInfo {
   std::string_view log_name = {};  // where the name logged and raised is not the member's own
   bool writes_description = true;  // false: has rstr_ErrDesc and never writes it
 
-  ConstantList<std::u16string_view, 6> messages =
-      {};  // of its own rejections, in the order of checks
+  // Of its own rejections, in the order of the checks.
+  ConstantList<std::u16string_view, 6> messages = {};
 
   std::string_view does = {};    // what the member does, in sentences
   std::string_view raises = {};  // which inputs fail

@@ -43,9 +43,7 @@ void ByteArray::RedimensionPreserving(Long upper) {
   dimensioned_ = true;
 }
 
-void ByteArray::Erase() noexcept {
-  *this = ByteArray();
-}
+void ByteArray::Erase() noexcept { *this = ByteArray(); }
 
 ByteTable::ByteTable(ArrayBound rows, ArrayBound columns) : rows_(rows), columns_(columns) {
   if (rows.count < 1 || columns.count < 1) RaiseFault(FaultNumber::SubscriptOutOfRange);

@@ -98,9 +98,7 @@ std::string CurrencyText(Currency value) {
   return negative ? "-" + text : text;
 }
 
-std::string TwoDigits(unsigned value) {
-  return std::to_string(100 + value).substr(1);
-}
+std::string TwoDigits(unsigned value) { return std::to_string(100 + value).substr(1); }
 
 std::string DateText(Date value) {
   using std::chrono::days;
@@ -192,16 +190,13 @@ std::optional<double> ParseNumber(std::u16string_view text) {
   return number;
 }
 
-double ToDouble(const Variant& value) {
-  return value.Visit(AsDouble{});
-}
-Byte ToByte(const Variant& value) {
-  return ToWhole<Byte>(value);
-}
-Integer ToInteger(const Variant& value) {
-  return ToWhole<Integer>(value);
-}
+double ToDouble(const Variant& value) { return value.Visit(AsDouble{}); }
+Byte ToByte(const Variant& value) { return ToWhole<Byte>(value); }
+Integer ToInteger(const Variant& value) { return ToWhole<Integer>(value); }
+
 Long ToLong(const Variant& value) {
+  if (const auto* number = value.Get<Long>()) return *number;
+  if (const auto* number = value.Get<Integer>()) return *number;
   return ToWhole<Long>(value);
 }
 
@@ -214,12 +209,17 @@ bool ToBoolean(const Variant& value) {
   return ToDouble(value) != 0;
 }
 
-String ToText(const Variant& value) {
-  return value.Visit(AsText{});
-}
+String ToText(const Variant& value) { return value.Visit(AsText{}); }
 
-Variant Incremented(const Variant& value) {
-  return value.Visit(AddOne{});
+void Increment(Variant& value) {
+  // The two types that subscripts have in practice are stepped in place.
+  if (auto* number = value.Get<Long>(); number != nullptr && *number < kMost<Long>) {
+    ++*number;
+  } else if (auto* small = value.Get<Integer>(); small != nullptr && *small < kMost<Integer>) {
+    ++*small;
+  } else {
+    value = value.Visit(AddOne{});
+  }
 }
 
 }  // namespace vandpublic

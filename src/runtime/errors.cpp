@@ -92,8 +92,6 @@ RuntimeFault::RuntimeFault(FaultNumber number)
     : AutomationError(static_cast<Long>(number), std::u16string(kFaultSource),
                       std::u16string(FaultText(number))) {}
 
-void RaiseFault(FaultNumber number) {
-  throw RuntimeFault(number);
-}
+void RaiseFault(FaultNumber number) { throw RuntimeFault(number); }
 
 }  // namespace vandpublic

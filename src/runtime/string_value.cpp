@@ -37,9 +37,7 @@ std::string String::ToBytes() const {
   return bytes;
 }
 
-std::string String::ToUtf8() const {
-  return vandpublic::ToUtf8(units_);
-}
+std::string String::ToUtf8() const { return vandpublic::ToUtf8(units_); }
 
 std::u16string_view TrimSpaces(std::u16string_view text) noexcept {
   const std::size_t first = text.find_first_not_of(u' ');

@@ -9,12 +9,8 @@ namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
-constexpr bool IsHighSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xD800;
-}
-constexpr bool IsLowSurrogate(char16_t unit) {
-  return (unit & 0xFC00) == 0xDC00;
-}
+constexpr bool IsHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+constexpr bool IsLowSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
 
 void AppendCodePoint(std::string& out, char32_t c) {
   const auto push = [&out](char32_t byte) { out.push_back(static_cast<char>(byte)); };

@@ -55,9 +55,7 @@ std::optional<Decimal> Decimal::Parse(std::string_view text) {
   return Decimal(std::string(text));
 }
 
-VarType Variant::Type() const noexcept {
-  return std::visit(TypeOf{}, value_);
-}
+VarType Variant::Type() const noexcept { return std::visit(TypeOf{}, value_); }
 
 ByteArray* Variant::AsByteArray() noexcept {
   if (auto* reference = Get<ByteArray*>()) return *reference;

@@ -170,9 +170,7 @@ void WriteEnumeration(std::ostream& out, const Enumeration& enumeration) {
 
 }  // namespace
 
-std::string CppResult(const MemberInfo& member) {
-  return CppType(member.result);
-}
+std::string CppResult(const MemberInfo& member) { return CppType(member.result); }
 
 std::string CppParameters(const MemberInfo& member) {
   std::string text;

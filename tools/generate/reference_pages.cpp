@@ -60,8 +60,6 @@ Page ErrorsPage() {
 
 }  // namespace
 
-std::vector<Page> ReferencePages() {
-  return {MembersPage(), ErrorsPage()};
-}
+std::vector<Page> ReferencePages() { return {MembersPage(), ErrorsPage()}; }
 
 }  // namespace vandpublic::generate
