@@ -1,0 +1,39 @@
+#!/bin/sh
+# Checks that dependencies point downwards only: which folders of src each folder may include.
+# Prints each include that may not be, and fails when there is one.
+set -eu
+cd "$(dirname "$0")/../src"
+
+# folder: what it may include besides itself
+allowed='
+runtime:
+members: runtime
+platform: runtime
+platform/posix: runtime platform
+frame: runtime members platform
+convert: runtime members platform frame
+text: runtime members platform frame
+crypto: runtime members platform frame convert
+env: runtime members platform frame
+db: runtime members platform frame
+invoke: runtime members frame
+cli: runtime members platform platform/posix frame invoke
+'
+
+find . -name '*.h' -o -name '*.cpp' -o -name '*.inc' | sed 's|^\./||' | sort | while read -r file; do
+  folder=$(dirname "$file")
+  rule=$(printf '%s\n' "$allowed" | sed -n "s|^$folder:||p")
+  grep -o '^#include "[^"]*/[^"]*"' "$file" | cut -d'"' -f2 | while read -r included; do
+    target=$(dirname "$included")
+    case " $folder $rule " in
+      *" $target "*) ;;
+      *) echo "$file includes $included" ;;
+    esac
+  done
+  # Tests may use what they compare with; engines may not know the system.
+  case "$file" in
+    platform/posix/* | *_test.cpp | cli/*) ;;
+    *) grep -HnE '^#include <(unistd|sys/|fcntl|pwd|dlfcn|windows)' "$file" || true ;;
+  esac
+done | grep . && exit 1
+exit 0

@@ -1,0 +1,12 @@
+#!/bin/sh
+# Installs what is missing, builds, and shows the component at work: a C++ client's calls with
+# their results, an error caught, and the entries that the error log then holds.
+set -eu
+cd "$(dirname "$0")/.."
+scripts/setup.sh build test
+cmake --preset release >/dev/null
+cmake --build --preset release --target demo vandpublic-cli -- --quiet
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+mkdir "$folder/LOG"
+build/release/bin/demo "$folder"
