@@ -1,0 +1,19 @@
+#!/bin/sh
+# Runs the demo and checks what its transcript must show.
+set -eu
+cd "$(dirname "$0")/.."
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+mkdir "$folder/LOG"
+transcript=$(build/release/bin/demo "$folder")
+printf '%s\n' "$transcript"
+
+expect() {
+  printf '%s\n' "$transcript" | grep -qF "$1" || { echo "missing in the transcript: $1"; exit 1; }
+}
+expect '-> result   = "7F 1D 0A 77 82 6B 8A FF "'
+expect '-> result   = "01 23 45 67 89 AB CD E7 "'
+expect '0x8004001C'
+expect 'clsCommon.FstrDES3'
+expect 'VandPublic.clsCommon.FillByteArrWithHexStr'
+expect 'clsCommon.FillByteArrWithHexStr (-2147221455) - Resouce string not Hex string.'
