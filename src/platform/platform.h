@@ -10,6 +10,7 @@
 #include "platform/code_page.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
+#include "platform/random.h"
 
 namespace vandpublic {
 
@@ -18,6 +19,7 @@ struct Platform {
   std::shared_ptr<const CodePage> code_page;
   std::shared_ptr<Files> files;
   std::shared_ptr<MessageBoxes> message_boxes;
+  std::shared_ptr<RandomSource> random;
   // The folder that holds the component file, without a final separator but for the root.
   std::u16string component_folder;
 };
