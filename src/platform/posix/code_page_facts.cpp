@@ -104,6 +104,8 @@ constexpr CodePageFacts kFacts[] = {
 
 }  // namespace
 
-std::span<const CodePageFacts> AllCodePageFacts() noexcept { return kFacts; }
+std::span<const CodePageFacts> AllCodePageFacts() noexcept {
+  return kFacts;
+}
 
 }  // namespace vandpublic
