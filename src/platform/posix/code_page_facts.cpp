@@ -104,8 +104,6 @@ constexpr CodePageFacts kFacts[] = {
 
 }  // namespace
 
-std::span<const CodePageFacts> AllCodePageFacts() noexcept {
-  return kFacts;
-}
+std::span<const CodePageFacts> AllCodePageFacts() noexcept { return kFacts; }
 
 }  // namespace vandpublic

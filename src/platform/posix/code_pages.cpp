@@ -33,9 +33,7 @@ constexpr CharsetPage kCharsets[] = {
 // What stands before the number in the other names.
 constexpr std::string_view kPrefixes[] = {"CP", "WINDOWS-"};
 
-char Upper(char c) noexcept {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
+char Upper(char c) noexcept { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 bool SameName(std::string_view a, std::string_view b) noexcept {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),

@@ -55,9 +55,7 @@ class EveryCodePage : public ::testing::TestWithParam<int> {
 INSTANTIATE_TEST_SUITE_P(Pages, EveryCodePage, ::testing::ValuesIn(kPages),
                          ::testing::PrintToStringParamName());
 
-TEST_P(EveryCodePage, tells_its_number) {
-  EXPECT_EQ(page().number(), number());
-}
+TEST_P(EveryCodePage, tells_its_number) { EXPECT_EQ(page().number(), number()); }
 
 TEST_P(EveryCodePage, keeps_ascii_of_any_length_as_it_is) {
   std::string bytes;
