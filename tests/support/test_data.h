@@ -1,0 +1,18 @@
+// The data files below tests/data.
+#ifndef VANDPUBLIC_TESTS_SUPPORT_TEST_DATA_H
+#define VANDPUBLIC_TESTS_SUPPORT_TEST_DATA_H
+
+#include <string>
+#include <vector>
+
+namespace vandpublic {
+
+// The lines of a data file split at blanks, without empty lines and lines that start with "#".
+// Throws std::runtime_error when there is no such file or nothing in it.
+//
+//   for (const auto& row : ReadTable("nist/variable_key.txt")) ... row[0], row[1]
+std::vector<std::vector<std::string>> ReadTable(const std::string& name);
+
+}  // namespace vandpublic
+
+#endif
