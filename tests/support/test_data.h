@@ -7,8 +7,11 @@
 
 namespace vandpublic {
 
-// The lines of a data file split at blanks, without empty lines and lines that start with "#".
-// Throws std::runtime_error when there is no such file or nothing in it.
+// The lines of a data file without empty ones and those that start with "#". Throws
+// std::runtime_error when there is no such file or nothing in it.
+std::vector<std::string> ReadLines(const std::string& name);
+
+// The same, each line split at blanks.
 //
 //   for (const auto& row : ReadTable("nist/variable_key.txt")) ... row[0], row[1]
 std::vector<std::vector<std::string>> ReadTable(const std::string& name);
