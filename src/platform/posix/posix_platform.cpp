@@ -13,6 +13,7 @@ std::shared_ptr<const Platform> SystemPlatform() {
     made->clock = std::make_shared<PosixClock>();
     made->code_page = FindCodePage(LocaleCodePage());
     made->files = std::make_shared<PosixFiles>();
+    made->message_boxes = NoMessageBoxes();
     made->component_folder = ComponentFolder();
     return made;
   }();
