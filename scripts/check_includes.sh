@@ -14,7 +14,7 @@ frame: runtime members platform
 convert: runtime members platform frame
 text: runtime members platform frame
 crypto: runtime members platform frame convert
-env: runtime members platform frame
+env: runtime members platform frame convert
 db: runtime members platform frame
 invoke: runtime members frame
 cli: runtime members platform platform/posix frame invoke

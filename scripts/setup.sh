@@ -7,7 +7,8 @@ cd "$(dirname "$0")"
 
 missing=
 for group in "$@"; do
-  for package in $(awk -v group="$group" '$1 == group { print $2 }' packages.txt); do
+  packages=$(awk -v group="$group" '$1 == group { print $2 }' packages.txt)
+  for package in $packages; do
     dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
       missing="$missing $package"
   done

@@ -7,7 +7,7 @@
 #   scripts/test.sh            everything
 #   scripts/test.sh release    only the steps whose names match
 set -u
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")/.." || exit 1
 only=${1:-}
 logs=build/test-logs
 mkdir -p "$logs"

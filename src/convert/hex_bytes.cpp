@@ -9,6 +9,7 @@
 #include "platform/platform.h"
 #include "runtime/checked.h"
 #include "runtime/coerce.h"
+#include "runtime/wipe.h"
 
 namespace vandpublic {
 namespace {
@@ -25,16 +26,15 @@ Byte PairAt(std::u16string_view digits, std::size_t position) {
   return static_cast<Byte>(16 * high + low);
 }
 
-std::u16string WithoutSpaces(std::u16string_view text) {
-  std::u16string kept(text);
-  std::erase(kept, u' ');
-  return kept;
-}
-
-std::u16string CompletedToPairs(std::u16string_view digits) {
-  std::u16string completed(digits);
-  if (completed.size() % 2 != 0) completed.insert(completed.begin(), u'0');
-  return completed;
+// An odd text gets a "0" in front. The text may be a key: its old storage is overwritten.
+void CompleteToPairs(String& text) {
+  if (text.Length() % 2 == 0) return;
+  std::u16string completed;
+  completed.reserve(text.Length() + 1);
+  completed += u'0';
+  completed += text.view();
+  const WipeOnExit wipe(completed);
+  text.EditUnits([&](std::u16string& digits) { digits.swap(completed); });
 }
 
 }  // namespace
@@ -43,13 +43,13 @@ bool clsPublic::FillByteArrWithHexStr(ByteArray& ArrToBeFill, String& istr_HexSt
                                       OptionalRef<Variant> rvar_Pos,
                                       OptionalRef<String> rstr_ErrDesc) {
   return Trapped(*this, Member::FillByteArrWithHexStr, rstr_ErrDesc, [&] {
-    istr_HexStr = WithoutSpaces(istr_HexStr.view());
+    istr_HexStr.EditUnits([](std::u16string& units) { std::erase(units, u' '); });
     if (!IsHex(istr_HexStr)) Reject(messages::kNotHexString);
     if (SizeOf(*this, ArrToBeFill) == 0) {
       const auto bytes = static_cast<Long>((istr_HexStr.Length() + 1) / 2);
       ArrToBeFill.Redimension(0, bytes - 1);
     }
-    istr_HexStr = CompletedToPairs(istr_HexStr.view());
+    CompleteToPairs(istr_HexStr);
 
     const std::u16string_view digits = istr_HexStr.view();
     for (std::size_t i = 0; i < digits.size(); i += 2) {
@@ -67,7 +67,9 @@ ByteArray clsPublic::FstrHexStrToByte(const String& istr_HexStr, Integer Padding
   return Trapped(*this, Member::FstrHexStrToByte, rstr_ErrDesc, [&] {
     const std::u16string_view trimmed = TrimSpaces(istr_HexStr.view());
     if (!IsHex(trimmed)) Reject(messages::kNotHexString);
-    const std::u16string digits = CompletedToPairs(trimmed);
+    String completed = trimmed;
+    CompleteToPairs(completed);
+    const std::u16string_view digits = completed.view();
 
     ByteArray scratch = ByteArray::WithBounds(0, kScratchSize - 1);
     for (std::size_t i = 0; i < digits.size(); i += 2) {
@@ -92,7 +94,8 @@ ByteArray clsPublic::FstrHexStrToByte(const String& istr_HexStr, Integer Padding
 String clsPublic::FstrVbStrToHexStr(const String& istr_Source, OptionalRef<String> rstr_ErrDesc) {
   return Trapped(*this, Member::FstrVbStrToHexStr, rstr_ErrDesc, [&]() -> String {
     if (FstrIsNullExt(istr_Source, true, false)) return {};
-    const std::string bytes = platform().code_page->Encode(istr_Source.view());
+    std::string bytes = platform().code_page->Encode(istr_Source.view());
+    const WipeOnExit wipe(bytes);  // SystemEncrypt's plain text comes this way
     std::u16string digits(2 * bytes.size(), u'0');
     for (std::size_t i = 0; i < bytes.size(); ++i) {
       WriteHexByte(static_cast<Byte>(bytes[i]), &digits[2 * i]);

@@ -5,6 +5,7 @@
 #include "crypto/des_engine.h"
 #include "frame/trap.h"
 #include "members/messages.h"
+#include "runtime/wipe.h"
 
 namespace vandpublic {
 namespace {
@@ -36,18 +37,18 @@ using Cipher = bool (clsPublic::*)(ByteArray&, ByteArray&, Integer&, ByteArray&,
 bool TripleCipher(clsPublic& object, ByteArray& key, ByteArray& source, Integer& length,
                   ByteArray& result, Cipher outer, Cipher inner) {
   if (SizeOf(object, key) < kDoubleKeySize) Reject(messages::kInvalidKeySize);
-  ByteArray k1 = ByteArray::WithBounds(0, kKeySize - 1);
-  ByteArray k2 = ByteArray::WithBounds(0, kKeySize - 1);
+  WipedByteArray k1(ByteArray::WithBounds(0, kKeySize - 1));
+  WipedByteArray k2(ByteArray::WithBounds(0, kKeySize - 1));
   Integer key_bytes = kKeySize;
-  object.CpyByteArray(k1, key, key_bytes, Integer{0}, Integer{0});
-  object.CpyByteArray(k2, key, key_bytes, Integer{0}, Integer{kKeySize});
+  object.CpyByteArray(*k1, key, key_bytes, Integer{0}, Integer{0});
+  object.CpyByteArray(*k2, key, key_bytes, Integer{0}, Integer{kKeySize});
 
   const Long work_size = std::max<Long>(length, kBlockSize);
-  ByteArray t1 = ByteArray::WithBounds(0, work_size - 1);
-  ByteArray t2 = ByteArray::WithBounds(0, work_size - 1);
-  (object.*outer)(k1, source, length, t1, u"");
-  (object.*inner)(k2, t1, length, t2, u"");
-  (object.*outer)(k1, t2, length, result, u"");
+  WipedByteArray t1(ByteArray::WithBounds(0, work_size - 1));
+  WipedByteArray t2(ByteArray::WithBounds(0, work_size - 1));
+  (object.*outer)(*k1, source, length, *t1, u"");
+  (object.*inner)(*k2, *t1, length, *t2, u"");
+  (object.*outer)(*k1, *t2, length, result, u"");
   return true;
 }
 

@@ -13,6 +13,7 @@
 
 #include "crypto/byte_view.h"
 #include "crypto/des_table_text.h"
+#include "runtime/wipe.h"
 
 namespace vandpublic::des {
 
@@ -62,8 +63,10 @@ constexpr BitArray<kCount> Permute(std::span<const Byte> bits,
 // permuted choice 1 drops. True.
 constexpr bool BuildDesSubkeys(ByteView Key, Subkeys& subkeys) {
   BitArray<64> key_bits{};
+  const WipeOnExit wipe_bits(key_bits);
   BytesToBits(Key, 0, 8, std::span<Byte>(key_bits), 0);
   BitArray<56> cd = Permute(key_bits, kPermutedChoice1);
+  const WipeOnExit wipe_registers(cd);
   for (std::size_t round = 0; round < 16; ++round) {
     const std::ptrdiff_t shift = kShiftSchedule[round];
     std::rotate(cd.begin(), cd.begin() + shift, cd.begin() + 28);
@@ -76,6 +79,7 @@ constexpr bool BuildDesSubkeys(ByteView Key, Subkeys& subkeys) {
 // The function f: expansion, key mixing, substitution, round permutation.
 constexpr BitArray<32> RoundFunction(const BitArray<32>& right, const BitArray<48>& subkey) {
   BitArray<48> x = Permute(right, kExpansion);
+  const WipeOnExit wipe(x);
   for (std::size_t j = 0; j < 48; ++j)
     x[j] ^= subkey[j];
 
@@ -95,9 +99,12 @@ constexpr BitArray<32> RoundFunction(const BitArray<32>& right, const BitArray<4
 // One block. Deciphering takes the subkeys in reverse order and differs in nothing else.
 constexpr BitArray<64> CipherBlock(const BitArray<64>& in_bits, const Subkeys& subkeys,
                                    bool encipher) {
-  const BitArray<64> block = Permute(in_bits, kInitialPermutation);
+  BitArray<64> block = Permute(in_bits, kInitialPermutation);
   BitArray<32> left{};
   BitArray<32> right{};
+  const WipeOnExit wipe_block(block);
+  const WipeOnExit wipe_left(left);
+  const WipeOnExit wipe_right(right);
   std::copy_n(block.begin(), 32, left.begin());
   std::copy_n(block.begin() + 32, 32, right.begin());
   for (std::size_t round = 0; round < 16; ++round) {
@@ -108,6 +115,7 @@ constexpr BitArray<64> CipherBlock(const BitArray<64>& in_bits, const Subkeys& s
     right = next;
   }
   BitArray<64> pre_output{};  // the halves stand swapped after the last round
+  const WipeOnExit wipe_output(pre_output);
   std::copy_n(right.begin(), 32, pre_output.begin());
   std::copy_n(left.begin(), 32, pre_output.begin() + 32);
   return Permute(pre_output, kFinalPermutation);
@@ -120,11 +128,14 @@ constexpr bool CipherBlocks(ByteView Key, ByteView Source, Integer SrcLen, Mutab
                             bool Encipher) {
   if (SrcLen % kBlockBytes != 0) return false;
   Subkeys subkeys{};
+  const WipeOnExit wipe_subkeys(subkeys);
   BuildDesSubkeys(Key, subkeys);
   for (Long start = 0; start < SrcLen; start += kBlockBytes) {
     BitArray<64> in_bits{};
+    const WipeOnExit wipe_in(in_bits);
     BytesToBits(Source, start, kBlockBytes, std::span<Byte>(in_bits), 0);
-    const BitArray<64> out_bits = CipherBlock(in_bits, subkeys, Encipher);
+    BitArray<64> out_bits = CipherBlock(in_bits, subkeys, Encipher);
+    const WipeOnExit wipe_out(out_bits);
     BitsToBytes(std::span<const Byte>(out_bits), 0, 64, Result, start);
   }
   return true;

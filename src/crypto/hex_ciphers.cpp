@@ -1,29 +1,39 @@
-// FstrDES3 and FstrUDES3: triple DES on hexadecimal text.
+// FstrDES3, FstrUDES3, FstrDiversifyKey and FstrTMAC: the ciphers on hexadecimal text.
+//
+// Every text goes into a buffer of fixed size: one that does not fit fails in the fill, a shorter
+// one leaves zeros behind it. The fills change the caller's texts, which shows after the call.
 #include "frame/trap.h"
 #include "runtime/checked.h"
 #include "runtime/coerce.h"
+#include "runtime/wipe.h"
 
 namespace vandpublic {
 namespace {
 
 constexpr Long kKeyBuffer = 16;
 constexpr Long kDataBuffer = 1024;
+constexpr Long kFactorBuffer = 17;
+constexpr Long kBlockBuffer = 8;
 constexpr Integer kBytesPerLine = 40;
 constexpr Byte kPaddingMark = 0x80;
 
-// The key and data of one call, in buffers of fixed size: a text that does not fit fails in the
-// fill, a shorter key leaves zeros behind it.
-struct HexCipherInput {
-  HexCipherInput(clsPublic& object, String& key_text, String& data_text, Integer& length) {
-    object.FillByteArrWithHexStr(key, key_text, Integer{0});
-    Variant filled = Integer{0};
-    object.FillByteArrWithHexStr(data, data_text, filled);
-    if (length == 0) length = ToInteger(filled);
+// A buffer of zeros, filled from the start with what the text holds.
+class HexBuffer {
+ public:
+  explicit HexBuffer(Long size) : bytes_(ByteArray::WithBounds(0, size - 1)) {}
+  HexBuffer(clsPublic& object, Long size, String& text) : HexBuffer(size) {
+    Variant position = Integer{0};
+    object.FillByteArrWithHexStr(*bytes_, text, position);
+    filled_ = ToInteger(position);
   }
 
-  ByteArray key = ByteArray::WithBounds(0, kKeyBuffer - 1);
-  ByteArray data = ByteArray::WithBounds(0, kDataBuffer - 1);
-  ByteArray result = ByteArray::WithBounds(0, kDataBuffer - 1);
+  ByteArray& operator*() noexcept { return *bytes_; }
+  // The number of bytes that came from the text.
+  Integer Filled() const noexcept { return filled_; }
+
+ private:
+  WipedByteArray bytes_;
+  Integer filled_ = 0;
 };
 
 // One byte 80, then up to the next multiple of 8. What stands in the buffer behind the mark is
@@ -38,19 +48,52 @@ void Pad(ByteArray& data, Integer& length) {
 
 String clsPublic::FstrDES3(String& istr_Key, String& istr_Src, OptionalRef<Integer> iDataLen) {
   return Trapped(*this, Member::FstrDES3, [&] {
-    HexCipherInput input(*this, istr_Key, istr_Src, *iDataLen);
-    Pad(input.data, *iDataLen);
-    DES3(input.key, input.data, *iDataLen, input.result);
-    return DispBytes(input.result, *iDataLen, kBytesPerLine, true);
+    HexBuffer key(*this, kKeyBuffer, istr_Key);
+    HexBuffer data(*this, kDataBuffer, istr_Src);
+    if (*iDataLen == 0) *iDataLen = data.Filled();
+    Pad(*data, *iDataLen);
+    HexBuffer result(kDataBuffer);
+    DES3(*key, *data, *iDataLen, *result);
+    return DispBytes(*result, *iDataLen, kBytesPerLine, true);
   });
 }
 
 String clsPublic::FstrUDES3(String& istr_Key, String& istr_Src, OptionalRef<Integer> iDataLen) {
   // Its trap ends the call without a word; only the members it calls log.
   return Trapped(*this, Member::FstrUDES3, [&] {
-    HexCipherInput input(*this, istr_Key, istr_Src, *iDataLen);
-    UDES3(input.key, input.data, *iDataLen, input.result);
-    return DispBytes(input.result, *iDataLen, kBytesPerLine, true);
+    HexBuffer key(*this, kKeyBuffer, istr_Key);
+    HexBuffer data(*this, kDataBuffer, istr_Src);
+    if (*iDataLen == 0) *iDataLen = data.Filled();
+    HexBuffer result(kDataBuffer);
+    UDES3(*key, *data, *iDataLen, *result);
+    return DispBytes(*result, *iDataLen, kBytesPerLine, true);
+  });
+}
+
+String clsPublic::FstrDiversifyKey(String& istr_Key, String& istr_DivFactor) {
+  return Trapped(*this, Member::FstrDiversifyKey, [&] {
+    HexBuffer key(*this, kKeyBuffer, istr_Key);
+    HexBuffer factor(*this, kFactorBuffer, istr_DivFactor);
+    HexBuffer data(kBlockBuffer);
+    Integer length = kBlockBuffer;
+    CpyByteArray(*data, *factor, length);
+    HexBuffer result(kKeyBuffer);
+    DiversifyKey(*key, *data, *result);
+    return DispBytes(*result, 0, kBytesPerLine, true);
+  });
+}
+
+String clsPublic::FstrTMAC(String& istr_Key, String& istr_Src, String& istr_InitMAC,
+                           OptionalRef<Integer> iint_DataLen) {
+  return Trapped(*this, Member::FstrTMAC, [&] {
+    HexBuffer key(*this, kKeyBuffer, istr_Key);
+    HexBuffer data(*this, kDataBuffer, istr_Src);
+    HexBuffer initial(*this, kBlockBuffer, istr_InitMAC);
+    if (*iint_DataLen == 0) *iint_DataLen = data.Filled();
+    HexBuffer mac(kBlockBuffer);
+    TMAC(*key, *data, *iint_DataLen, *initial, *mac);
+    constexpr Integer kMacSize = 4;
+    return DispBytes(*mac, kMacSize, kBytesPerLine, true);
   });
 }
 

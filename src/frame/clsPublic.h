@@ -61,6 +61,27 @@ class VANDPUBLIC_API clsPublic {
   clsPublic(clsPublic&&) noexcept;
   clsPublic& operator=(clsPublic&&) noexcept;
 
+  // Returns Value, or a replacement when Value is the null value: a 16-bit 0 for the types 2 to 6,
+  // the empty string for 8, False for 11. An empty value, an object and an array are returned as
+  // they are.
+  // Raises 0x80040009 (clsCommon.NotNull): ValueType is none of 2, 3, 4, 5, 6, 8 and 11, also when
+  // Value is not null.
+  // Messages: "Invalid value type.".
+  Variant NotNull(Variant& Value, OptionalRef<Long> ValueType = 8);
+
+  // Stores the local date and time in one of the object's 17 stopwatch slots, 0 to 16.
+  // Raises: The slot number is outside 0 to 16: plain fault 9.
+  void EnableTimer(OptionalRef<Integer> iint_TimerNnum = 0);
+
+  // Computes the seconds since EnableTimer filled the slot, and shows them nowhere: on purpose, the
+  // member has no visible effect.
+  // Raises: The slot number is outside 0 to 16: plain fault 9.
+  void DispTimerEsp(OptionalRef<Integer> iint_TimerNum = 0);
+
+  // Pads the text with blanks on the right to iint_Len characters. A longer text is returned whole.
+  // Raises: iint_Len is negative: plain fault 5.
+  String FstrFmtToSpecLen(const String& istr_Source, Integer iint_Len);
+
   // Copies iint_DataLen bytes from subscript iint_SrcSub of abyt_Src on to subscript rvar_DesSub of
   // abyt_Dest on, one by one upwards, also when both are one array. rvar_DesSub ends just past the
   // last byte written; iint_SrcSub stays. A length of 0 or less copies nothing. Subscripts are
@@ -77,6 +98,12 @@ class VANDPUBLIC_API clsPublic {
   // ibln_VbNullStringIsNull is not set.
   bool FstrIsNullExt(const String& istr_Source, bool ibln_VbNullStringIsNull = true,
                      bool ibln_SpaceIsNull = true);
+
+  // Decides whether a typed character code may stay; a rejected one becomes 0. Backspace (8) always
+  // stays. Mode 0 keeps 0 and 1; mode 1 the digits; mode 2 hexadecimal digits, turning a to f into
+  // A to F; other modes keep every code.
+  // Raises: The code is outside 0 to 255, in any mode: plain fault 5.
+  void FilterInput(Integer& rint_KeyAscii, enumInputMode enm_InputMode = INPUT_MODE_DECIMAL);
 
   // The client's application folder, empty until Init or a write sets it.
   String AppPath() const;
@@ -129,6 +156,25 @@ class VANDPUBLIC_API clsPublic {
   // Messages: "Invalid input dimension.".
   Long ArraySize(Variant& iavar_Array, Integer iint_Dimension = 1);
 
+  // The text's bytes as hexadecimal digits: the low byte of each character or, with
+  // ibln_InByteText, every storage byte.
+  // Raises 0x8004000C (clsCommon.MsgFmtTextToHex): More than 32767 characters, or bytes with
+  // ibln_InByteText.
+  String MsgFmtTextToHex(const String& istr_MsgFmtText, bool ibln_InByteText = false);
+
+  // The eight bits of the first character's low byte; Bit0 has weight 1.
+  // Raises 0x8004000A (clsCommon.MsgFmtTextToBit): The text is empty.
+  // After a failure: The bits keep their values.
+  void MsgFmtTextToBit(const String& istr_MsgFmtText, OptionalRef<Byte> rbyt_Bit0 = 0,
+                       OptionalRef<Byte> rbyt_Bit1 = 0, OptionalRef<Byte> rbyt_Bit2 = 0,
+                       OptionalRef<Byte> rbyt_Bit3 = 0, OptionalRef<Byte> rbyt_Bit4 = 0,
+                       OptionalRef<Byte> rbyt_Bit5 = 0, OptionalRef<Byte> rbyt_Bit6 = 0,
+                       OptionalRef<Byte> rbyt_Bit7 = 0, bool ibln_InByteText = false);
+
+  // The text's bytes read as one unsigned number, most significant byte first.
+  // Raises 0x8004000B (clsCommon.MsgFmtTextToDec): The number is above 2147483647.
+  Long MsgFmtTextToDec(const String& istr_MsgFmtText, bool ibln_InByteText = false);
+
   // The upper-case hexadecimal digit of four bits; Bit0 has weight 1, Bit3 weight 8.
   // Raises 0x80040010 (clsCommon.BitToHex): A bit is above 1.
   // Messages: "Input value is not in bit format.".
@@ -150,10 +196,35 @@ class VANDPUBLIC_API clsPublic {
   // Messages: "Input value is not in hex format.".
   Long HexToDec(const String& istr_HexNumber);
 
+  // The character whose code eight bits give, or with ibln_InByteText one storage byte.
+  // Raises 0x8004000D (clsCommon.BitToMsgFmtText): A bit is above 1.
+  // Messages: "Input value is not in bit format.".
+  String BitToMsgFmtText(Byte ibyt_Bit0 = 0, Byte ibyt_Bit1 = 0, Byte ibyt_Bit2 = 0,
+                         Byte ibyt_Bit3 = 0, Byte ibyt_Bit4 = 0, Byte ibyt_Bit5 = 0,
+                         Byte ibyt_Bit6 = 0, Byte ibyt_Bit7 = 0, bool ibln_InByteText = false);
+
+  // The number as message-format text, most significant byte first; iint_TextLen counts hexadecimal
+  // digits, 0 takes as many as needed.
+  // Raises 0x8004000E (clsCommon.DecToMsgFmtText): Only what HexToMsgFmtText raises.
+  String DecToMsgFmtText(Long ilng_DecVal, Integer iint_TextLen = 0, bool ibln_InByteText = false);
+
   // Whether every character is a hexadecimal digit, in either case; True for the empty text.
   // Nothing is trimmed.
   // Raises 0x80040008 (clsCommon.IsHex): The text has more than 32767 characters.
   bool IsHex(const String& istr_HexNumber);
+
+  // Hexadecimal digits as message-format text, brought to iint_TextLen digits first when that is
+  // above 0. A text or pad character that is not hexadecimal gives "" and no error.
+  // Raises 0x8004000F (clsCommon.HexToMsgFmtText): The text has more than 32767 digits.
+  String HexToMsgFmtText(const String& istr_HexChr, Integer iint_TextLen = 0,
+                         bool ibln_LeftPad = true, const String& istr_PadWith = u"0",
+                         bool ibln_InByteText = false);
+
+  // The text with every single quote doubled.
+  String EncodeStrSQL(const String& istr_Source);
+
+  // The text with every pair of single quotes replaced by one, from the left.
+  String DecodeStrSQL(const String& istr_Source);
 
   // The bytes from subscript 0 on as display text: two hexadecimal digits (or decimal digits, when
   // ibln_HexStr is False) and a blank each, CR LF after every iint_CntPerLine bytes. iint_DispNum
@@ -170,6 +241,14 @@ class VANDPUBLIC_API clsPublic {
   // Raises 0x80040018 (clsCommon.FstrVbStrToHexStr): only for want of memory.
   String FstrVbStrToHexStr(const String& istr_Source, OptionalRef<String> rstr_ErrDesc = u"");
 
+  // A packed-table record as message-format text: length, table ID, data length and data; the
+  // lengths are four decimal digits, two bytes each.
+  // Raises 0x80040020 (clsCommon.FstrPackTable): The source is not hexadecimal, or the table ID's
+  // last two characters are no number.
+  // Messages: "Invalid Source String .", "Invalid Table ID .".
+  String FstrPackTable(const String& istr_Source, const String& istr_TableID,
+                       bool ibln_HexStr = true, OptionalRef<String> rstr_ErrDesc = u"");
+
   // Two-key triple-DES encipherment (FIPS 46-3, ECB) of hexadecimal text; the result is display
   // text as DispBytes makes it, 40 bytes a line. iDataLen 0 takes all of istr_Src; a length that is
   // no multiple of 8 is completed with 80 and zeros. Up to 1024 bytes.
@@ -184,6 +263,46 @@ class VANDPUBLIC_API clsPublic {
   // Raises: Never. The result is "" after a failure; only the members it calls log.
   // After a failure: The texts and iDataLen change as in FstrDES3.
   String FstrUDES3(String& istr_Key, String& istr_Src, OptionalRef<Integer> iDataLen = 0);
+
+  // DiversifyKey on hexadecimal text; the first 8 bytes of the factor count. The result is display
+  // text of 16 bytes.
+  // Raises 0x8004001E (clsCommon.FstrUDES3): A text is not upper-case hexadecimal or too long for
+  // its buffer, or DiversifyKey fails.
+  // After a failure: The texts lose their blanks and get a leading 0 when odd.
+  String FstrDiversifyKey(String& istr_Key, String& istr_DivFactor);
+
+  // TMAC on hexadecimal text; the result is display text of 4 bytes. iint_DataLen 0 takes all of
+  // istr_Src.
+  // Raises 0x8004001F (clsCommon.FstrTMAC): A text is not upper-case hexadecimal or too long for
+  // its buffer, or TMAC fails.
+  // After a failure: The texts lose their blanks and get a leading 0 when odd; iint_DataLen becomes
+  // the length used.
+  String FstrTMAC(String& istr_Key, String& istr_Src, String& istr_InitMAC,
+                  OptionalRef<Integer> iint_DataLen = 0);
+
+  // The text brought to exactly iint_PadToLen characters with the first character of istr_PadWith:
+  // padded or cut on the right for method 2, on the left for every other.
+  // Raises 0x8004001B (clsCommon.FstrPadToSpecLen): iint_PadToLen is negative, or istr_PadWith is
+  // empty.
+  String FstrPadToSpecLen(const String& istr_Source, Integer iint_PadToLen,
+                          const String& istr_PadWith = u" ", enumPadMethod enumMethod = RIGHTPAD,
+                          OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The text brought to exactly iint_PadToLen characters, padded or cut on the left.
+  // Raises: Never. A negative length or an empty pad text is logged and described in rstr_ErrDesc,
+  // the result is "".
+  String FstrPadLeft(const String& istr_Source, Integer iint_PadToLen,
+                     const String& istr_PadWith = u" ", OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The text brought to exactly iint_PadToLen characters, padded or cut on the right.
+  // Raises: Never. A negative length or an empty pad text is logged and described in rstr_ErrDesc,
+  // the result is "".
+  String FstrPadRight(const String& istr_Source, Integer iint_PadToLen,
+                      const String& istr_PadWith = u" ", OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The text's length in bytes of the ANSI code page.
+  // Raises 0x80040019 (clsCommon.FstrActualLen): More than 32767 bytes.
+  Integer FstrActualLen(const String& istr_Source, OptionalRef<String> rstr_ErrDesc = u"");
 
   // Upper-case hexadecimal text as a byte array of lower bound 0, up to 1024 bytes; an odd text
   // gets a leading 0. PaddingToLen above 0 gives that many bytes: the zeros stand behind the data
@@ -209,6 +328,18 @@ class VANDPUBLIC_API clsPublic {
                              OptionalRef<Variant> rvar_Pos = Integer{0},
                              OptionalRef<String> rstr_ErrDesc = u"");
 
+  // The longest leading part of the text that fits into iint_ByteLen bytes of a double-byte code
+  // page; rint_UnicodeLen receives its length. Every byte from 128 on counts as the first of a
+  // pair, also in single-byte pages.
+  // Raises 0x8004001A (clsCommon.FstrLeftByByteLen): More than 32767 characters fit.
+  // After a failure: rint_UnicodeLen as far as the count went.
+  String FstrLeftByByteLen(const String& istr_Source, Integer& iint_ByteLen,
+                           OptionalRef<Integer> rint_UnicodeLen = 0,
+                           OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The text without ideographic spaces (U+3000), blanks and CR LF pairs. istr_Source itself stays.
+  String FstrRidOfEmpty(String& istr_Source);
+
   // DES encipherment (FIPS 46-3, ECB) of bytes 0 to iint_SrcLen - 1 under key bytes 0 to 7 into the
   // same bytes of abyt_Result, which the caller dimensions and which may be abyt_Source. True.
   // Raises 0x80040028 (clsCommon.DES): Key below 8 bytes, length below 8 or no multiple of 8,
@@ -219,6 +350,40 @@ class VANDPUBLIC_API clsPublic {
   // After a failure: Blocks already written stay. rstr_ErrDesc is never written.
   bool DES(ByteArray& abyt_Key, ByteArray& abyt_Source, Integer& iint_SrcLen,
            ByteArray& abyt_Result, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The first four bytes of a DES CBC-MAC (ISO/IEC 9797-1 algorithm 1, padding method 2) with a
+  // caller-given initial value, over up to 1023 bytes. True.
+  // Raises 0x8004002D (clsCommon.MAC): Key or initial value below 8 bytes, more than 1023 bytes, a
+  // receiver below 4.
+  // After a failure: Bytes already written to rabyt_MAC stay. rstr_ErrDesc is never written.
+  bool MAC(ByteArray& rabyt_Key, ByteArray& rabyt_Src, Integer& iint_SrcLen, ByteArray& rabyt_Init,
+           ByteArray& rabyt_MAC, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The first four bytes of a retail MAC (ISO/IEC 9797-1 algorithm 3, padding method 2; ANSI X9.19)
+  // with a caller-given initial value, over up to 1023 bytes. True.
+  // Raises 0x8004002D (clsCommon.TMAC): Key below 16 or initial value below 8 bytes, more than 1023
+  // bytes, a receiver below 4.
+  // After a failure: Bytes already written to rabyt_MAC stay. rstr_ErrDesc is never written.
+  bool TMAC(ByteArray& rabyt_Key, ByteArray& rabyt_Src, Integer& iint_SrcLen,
+            ByteArray& rabyt_Init, ByteArray& rabyt_MAC, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Derives a 16-byte key: DES3 of the first 8 data bytes under the master key, then DES3 of their
+  // complement. The receiver may be one of the other arrays. True.
+  // Raises 0x80040017 (clsCommon.DiversifyKey): Master key not 16 bytes, data no multiple of 8,
+  // receiver below 16. What DES3 raises passes through with its own number.
+  // Messages: "Invalid master key size. ", "Length of Div data bytes must be multiple of 8.",
+  // "DivKey size is less than 16 bytes.".
+  // After a failure: Bytes 0 to 7 of the receiver may be written. rstr_ErrDesc is never written.
+  bool DiversifyKey(ByteArray& abyt_MasterKey, ByteArray& abyt_DivData, ByteArray& abyt_DivKey,
+                    OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Expands a 16-byte seed into iint_KeyNumber keys of 16 bytes, rows 0 on of the two-dimensional
+  // abyt_KeyResult, by a fixed chain of DES steps. True.
+  // Raises 0x8004002F (clsCommon.GenOrigalityKey): Seed not 16 bytes; the table lacks a subscript.
+  // Messages: "Invalid seed size.".
+  // After a failure: Keys already written stay. rstr_ErrDesc is never written.
+  bool GenOrigalityKey(ByteArray& abyt_Seed, Integer& iint_KeyNumber, ByteTable& abyt_KeyResult,
+                       OptionalRef<String> rstr_ErrDesc = u"");
 
   // DES decipherment; everything else as in DES.
   // Raises 0x80040029 (clsCommon.UDES): As DES.
@@ -244,6 +409,41 @@ class VANDPUBLIC_API clsPublic {
   // After a failure: Blocks already written stay. rstr_ErrDesc is never written.
   bool UDES3(ByteArray& abyt_Key, ByteArray& abyt_Source, Integer& iint_SrcLen,
              ByteArray& abyt_Result, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Fills bytes 0 to iint_SeedLen - 1 with random bytes; an array without elements is dimensioned
+  // first. The generator starts every process in the same state: seed it well before its bytes
+  // become keys.
+  // Raises: Never. A failure is logged and described in rstr_ErrDesc, the result is False.
+  // After a failure: Bytes already written stay.
+  bool RetrieveSeed(ByteArray& rabyt_Seed, OptionalRef<Integer> iint_SeedLen = 8,
+                    OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The exclusive or of two hexadecimal texts as display text. Both are aligned on the left, the
+  // shorter one completed with zero bytes, whatever ibln_PadLeft says.
+  // Raises 0x80040012 (clsCommon.HexXor): An operand is not upper-case hexadecimal, or both are
+  // empty.
+  // After a failure: rstr_ErrDesc is never written.
+  String HexXor(const String& istr_Hex1, const String& istr_Hex2, bool ibln_PadLeft = true,
+                OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Enciphers text or a byte array under a key given as hexadecimal text, with a length byte in
+  // front (up to 255 data bytes) or with 80 and zeros behind. The result is display text or a byte
+  // array.
+  // Raises: Never. A failure is logged and described in rstr_ErrDesc, the result is False.
+  // After a failure: Result keeps its value; istr_SystemKey has lost its blanks.
+  bool SystemEncrypt(String& istr_SystemKey, Variant& Source, Variant& Result,
+                     bool ibln_InArray = false, bool ibln_OutArray = false,
+                     bool ibln_PaddingLen = true, OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Undoes SystemEncrypt; ibln_PaddingLen must be the same. Text of 40 or more bytes holds line
+  // breaks that the caller removes first.
+  // Raises: Never. A failure is logged and described in rstr_ErrDesc, the result is False; a blank
+  // source is neither logged nor described.
+  // Messages: "Input not Hex string . ".
+  // After a failure: Result keeps its value; istr_SystemKey has lost its blanks.
+  bool SystemDecrypt(String& istr_SystemKey, Variant& Source, Variant& Result,
+                     bool ibln_InArray = false, bool ibln_OutArray = false,
+                     bool ibln_PaddingLen = true, OptionalRef<String> rstr_ErrDesc = u"");
 
   // The services this object works with.
   const Platform& platform() const noexcept;

@@ -53,29 +53,25 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Returns Value, or a replacement when Value is the null value: a 16-bit 0 for the "
              "types 2 to 6, the empty string for 8, False for 11. An empty value, an object and "
              "an array are returned as they are.",
-     .raises = "ValueType is none of 2, 3, 4, 5, 6, 8 and 11, also when Value is not null.",
-     .available = false},
+     .raises = "ValueType is none of 2, 3, 4, 5, 6, 8 and 11, also when Value is not null."},
     // Slot 2
     {.name = "EnableTimer",
      .parameters = {Ref("iint_TimerNnum", Integer, Number(0))},
      .does = "Stores the local date and time in one of the object's 17 stopwatch slots, 0 to 16.",
-     .raises = "The slot number is outside 0 to 16: plain fault 9.",
-     .available = false},
+     .raises = "The slot number is outside 0 to 16: plain fault 9."},
     // Slot 3
     {.name = "DispTimerEsp",
      .parameters = {Ref("iint_TimerNum", Integer, Number(0))},
      .does = "Computes the seconds since EnableTimer filled the slot, and shows them nowhere: on "
              "purpose, the member has no visible effect.",
-     .raises = "The slot number is outside 0 to 16: plain fault 9.",
-     .available = false},
+     .raises = "The slot number is outside 0 to 16: plain fault 9."},
     // Slot 4
     {.name = "FstrFmtToSpecLen",
      .parameters = {In("istr_Source", String), In("iint_Len", Integer)},
      .result = String,
      .does = "Pads the text with blanks on the right to iint_Len characters. A longer text is "
              "returned whole.",
-     .raises = "iint_Len is negative: plain fault 5.",
-     .available = false},
+     .raises = "iint_Len is negative: plain fault 5."},
     // Slot 5
     {.name = "OpenConnAsSQLDNS",
      .parameters = {Ref("adoConn", Connection), In("sDsn", String), In("sDatabaseName", String),
@@ -155,8 +151,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Decides whether a typed character code may stay; a rejected one becomes 0. Backspace "
              "(8) always stays. Mode 0 keeps 0 and 1; mode 1 the digits; mode 2 hexadecimal "
              "digits, turning a to f into A to F; other modes keep every code.",
-     .raises = "The code is outside 0 to 255, in any mode: plain fault 5.",
-     .available = false},
+     .raises = "The code is outside 0 to 255, in any mode: plain fault 5."},
     // Slot 12
     {.name = "AppendText",
      .parameters = {In("istr_Path", String), In("istr_Text", String), ErrDesc(kUnstated)},
@@ -339,8 +334,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .fault_description = kEmpty,
      .does = "The text's bytes as hexadecimal digits: the low byte of each character or, with "
              "ibln_InByteText, every storage byte.",
-     .raises = "More than 32767 characters, or bytes with ibln_InByteText.",
-     .available = false},
+     .raises = "More than 32767 characters, or bytes with ibln_InByteText."},
     // Slot 34
     {.name = "MsgFmtTextToBit",
      .parameters = {In("istr_MsgFmtText", String), Ref("rbyt_Bit0", Byte, kUnstated),
@@ -354,8 +348,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .fault_description = kEmpty,
      .does = "The eight bits of the first character's low byte; Bit0 has weight 1.",
      .raises = "The text is empty.",
-     .leaves = "The bits keep their values.",
-     .available = false},
+     .leaves = "The bits keep their values."},
     // Slot 35
     {.name = "MsgFmtTextToDec",
      .parameters = {In("istr_MsgFmtText", String), In("ibln_InByteText", Boolean, Truth(false))},
@@ -364,8 +357,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x0B,
      .fault_description = kEmpty,
      .does = "The text's bytes read as one unsigned number, most significant byte first.",
-     .raises = "The number is above 2147483647.",
-     .available = false},
+     .raises = "The number is above 2147483647."},
     // Slot 36
     {.name = "BitToHex",
      .parameters = {In("ibyt_Bit0", Byte, Number(0)), In("ibyt_Bit1", Byte, Number(0)),
@@ -415,8 +407,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .fault_description = kEmpty,
      .messages = {kNotBits},
      .does = "The character whose code eight bits give, or with ibln_InByteText one storage byte.",
-     .raises = "A bit is above 1.",
-     .available = false},
+     .raises = "A bit is above 1."},
     // Slot 40
     {.name = "DecToMsgFmtText",
      .parameters = {In("ilng_DecVal", Long), In("iint_TextLen", Integer, Number(0)),
@@ -427,8 +418,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .fault_description = kEmpty,
      .does = "The number as message-format text, most significant byte first; iint_TextLen counts "
              "hexadecimal digits, 0 takes as many as needed.",
-     .raises = "Only what HexToMsgFmtText raises.",
-     .available = false},
+     .raises = "Only what HexToMsgFmtText raises."},
     // Slot 41
     {.name = "IsHex",
      .parameters = {In("istr_HexNumber", String)},
@@ -452,8 +442,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Hexadecimal digits as message-format text, brought to iint_TextLen digits first when "
              "that is above 0. A text or pad character that is not hexadecimal gives \"\" and no "
              "error.",
-     .raises = "The text has more than 32767 digits.",
-     .available = false},
+     .raises = "The text has more than 32767 digits."},
     // Slot 43
     {.name = "SaveSettingToIni",
      .parameters = {In("istr_IniFileName", String), In("istr_Section", String),
@@ -492,14 +481,12 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
     {.name = "EncodeStrSQL",
      .parameters = {In("istr_Source", String)},
      .result = String,
-     .does = "The text with every single quote doubled.",
-     .available = false},
+     .does = "The text with every single quote doubled."},
     // Slot 47
     {.name = "DecodeStrSQL",
      .parameters = {In("istr_Source", String)},
      .result = String,
-     .does = "The text with every pair of single quotes replaced by one, from the left.",
-     .available = false},
+     .does = "The text with every pair of single quotes replaced by one, from the left."},
     // Slot 48
     {.name = "SelectField",
      .parameters =
@@ -554,8 +541,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "A packed-table record as message-format text: length, table ID, data length and "
              "data; the lengths are four decimal digits, two bytes each.",
      .raises = "The source is not hexadecimal, or the table ID's last two characters are no "
-               "number.",
-     .available = false},
+               "number."},
     // Slot 52
     {.name = "FstrDES3",
      .parameters = {Ref("istr_Key", String), Ref("istr_Src", String),
@@ -591,8 +577,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "is display text of 16 bytes.",
      .raises = "A text is not upper-case hexadecimal or too long for its buffer, or DiversifyKey "
                "fails.",
-     .leaves = "The texts lose their blanks and get a leading 0 when odd.",
-     .available = false},
+     .leaves = "The texts lose their blanks and get a leading 0 when odd."},
     // Slot 55
     {.name = "FstrTMAC",
      .parameters = {Ref("istr_Key", String), Ref("istr_Src", String), Ref("istr_InitMAC", String),
@@ -604,8 +589,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "takes all of istr_Src.",
      .raises = "A text is not upper-case hexadecimal or too long for its buffer, or TMAC fails.",
      .leaves = "The texts lose their blanks and get a leading 0 when odd; iint_DataLen becomes "
-               "the length used.",
-     .available = false},
+               "the length used."},
     // Slot 56
     {.name = "FstrPadToSpecLen",
      .parameters = {In("istr_Source", String), In("iint_PadToLen", Integer),
@@ -616,8 +600,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x1B,
      .does = "The text brought to exactly iint_PadToLen characters with the first character of "
              "istr_PadWith: padded or cut on the right for method 2, on the left for every other.",
-     .raises = "iint_PadToLen is negative, or istr_PadWith is empty.",
-     .available = false},
+     .raises = "iint_PadToLen is negative, or istr_PadWith is empty."},
     // Slot 57
     {.name = "FstrPadLeft",
      .parameters = {In("istr_Source", String), In("iint_PadToLen", Integer),
@@ -626,8 +609,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = FailureStyle::Report,
      .does = "The text brought to exactly iint_PadToLen characters, padded or cut on the left.",
      .raises = "Never. A negative length or an empty pad text is logged and described in "
-               "rstr_ErrDesc, the result is \"\".",
-     .available = false},
+               "rstr_ErrDesc, the result is \"\"."},
     // Slot 58
     {.name = "FstrPadRight",
      .parameters = {In("istr_Source", String), In("iint_PadToLen", Integer),
@@ -636,8 +618,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = FailureStyle::Report,
      .does = "The text brought to exactly iint_PadToLen characters, padded or cut on the right.",
      .raises = "Never. A negative length or an empty pad text is logged and described in "
-               "rstr_ErrDesc, the result is \"\".",
-     .available = false},
+               "rstr_ErrDesc, the result is \"\"."},
     // Slot 59
     {.name = "FstrActualLen",
      .parameters = {In("istr_Source", String), ErrDesc()},
@@ -645,8 +626,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = kRaise,
      .code = 0x19,
      .does = "The text's length in bytes of the ANSI code page.",
-     .raises = "More than 32767 bytes.",
-     .available = false},
+     .raises = "More than 32767 bytes."},
     // Slot 60
     {.name = "FstrHexStrToByte",
      .parameters = {In("istr_HexStr", String), In("PaddingToLen", Integer, Number(0)),
@@ -689,15 +669,13 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "double-byte code page; rint_UnicodeLen receives its length. Every byte from 128 on "
              "counts as the first of a pair, also in single-byte pages.",
      .raises = "More than 32767 characters fit.",
-     .leaves = "rint_UnicodeLen as far as the count went.",
-     .available = false},
+     .leaves = "rint_UnicodeLen as far as the count went."},
     // Slot 63
     {.name = "FstrRidOfEmpty",
      .parameters = {Ref("istr_Source", String)},
      .result = String,
      .does = "The text without ideographic spaces (U+3000), blanks and CR LF pairs. istr_Source "
-             "itself stays.",
-     .available = false},
+             "itself stays."},
     // Slot 64
     {.name = "SystemDirectory",
      .result = String,
@@ -753,8 +731,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "The first four bytes of a DES CBC-MAC (ISO/IEC 9797-1 algorithm 1, padding method "
              "2) with a caller-given initial value, over up to 1023 bytes. True.",
      .raises = "Key or initial value below 8 bytes, more than 1023 bytes, a receiver below 4.",
-     .leaves = "Bytes already written to rabyt_MAC stay. rstr_ErrDesc is never written.",
-     .available = false},
+     .leaves = "Bytes already written to rabyt_MAC stay. rstr_ErrDesc is never written."},
     // Slot 69
     {.name = "TMAC",
      .parameters = {Ref("rabyt_Key", ByteArray), Ref("rabyt_Src", ByteArray),
@@ -768,8 +745,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "ANSI X9.19) with a caller-given initial value, over up to 1023 bytes. True.",
      .raises = "Key below 16 or initial value below 8 bytes, more than 1023 bytes, a receiver "
                "below 4.",
-     .leaves = "Bytes already written to rabyt_MAC stay. rstr_ErrDesc is never written.",
-     .available = false},
+     .leaves = "Bytes already written to rabyt_MAC stay. rstr_ErrDesc is never written."},
     // Slot 70
     {.name = "DiversifyKey",
      .parameters = {Ref("abyt_MasterKey", ByteArray), Ref("abyt_DivData", ByteArray),
@@ -783,8 +759,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "DES3 of their complement. The receiver may be one of the other arrays. True.",
      .raises = "Master key not 16 bytes, data no multiple of 8, receiver below 16. What DES3 "
                "raises passes through with its own number.",
-     .leaves = "Bytes 0 to 7 of the receiver may be written. rstr_ErrDesc is never written.",
-     .available = false},
+     .leaves = "Bytes 0 to 7 of the receiver may be written. rstr_ErrDesc is never written."},
     // Slot 71
     {.name = "GenOrigalityKey",
      .parameters = {Ref("abyt_Seed", ByteArray), Ref("iint_KeyNumber", Integer),
@@ -798,8 +773,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Expands a 16-byte seed into iint_KeyNumber keys of 16 bytes, rows 0 on of the "
              "two-dimensional abyt_KeyResult, by a fixed chain of DES steps. True.",
      .raises = "Seed not 16 bytes; the table lacks a subscript.",
-     .leaves = "Keys already written stay. rstr_ErrDesc is never written.",
-     .available = false},
+     .leaves = "Keys already written stay. rstr_ErrDesc is never written."},
     // Slot 72
     {.name = "UDES",
      .parameters = {Ref("abyt_Key", ByteArray), Ref("abyt_Source", ByteArray),
@@ -848,8 +822,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "dimensioned first. The generator starts every process in the same state: seed it "
              "well before its bytes become keys.",
      .raises = "Never. A failure is logged and described in rstr_ErrDesc, the result is False.",
-     .leaves = "Bytes already written stay.",
-     .available = false},
+     .leaves = "Bytes already written stay."},
     // Slot 76
     {.name = "HexXor",
      .parameters = {In("istr_Hex1", String), In("istr_Hex2", String),
@@ -862,8 +835,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "The exclusive or of two hexadecimal texts as display text. Both are aligned on the "
              "left, the shorter one completed with zero bytes, whatever ibln_PadLeft says.",
      .raises = "An operand is not upper-case hexadecimal, or both are empty.",
-     .leaves = "rstr_ErrDesc is never written.",
-     .available = false},
+     .leaves = "rstr_ErrDesc is never written."},
     // Slot 77
     {.name = "SystemEncrypt",
      .parameters = {Ref("istr_SystemKey", String), Ref("Source", Variant), Ref("Result", Variant),
@@ -878,8 +850,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "byte in front (up to 255 data bytes) or with 80 and zeros behind. The result is "
              "display text or a byte array.",
      .raises = "Never. A failure is logged and described in rstr_ErrDesc, the result is False.",
-     .leaves = "Result keeps its value; istr_SystemKey has lost its blanks.",
-     .available = false},
+     .leaves = "Result keeps its value; istr_SystemKey has lost its blanks."},
     // Slot 78
     {.name = "SystemDecrypt",
      .parameters = {Ref("istr_SystemKey", String), Ref("Source", Variant), Ref("Result", Variant),
@@ -895,8 +866,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "holds line breaks that the caller removes first.",
      .raises = "Never. A failure is logged and described in rstr_ErrDesc, the result is False; a "
                "blank source is neither logged nor described.",
-     .leaves = "Result keeps its value; istr_SystemKey has lost its blanks.",
-     .available = false},
+     .leaves = "Result keeps its value; istr_SystemKey has lost its blanks."},
 }};
 
 constexpr EnumerationValue kDebugModes[] = {

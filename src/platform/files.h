@@ -3,6 +3,7 @@
 #define VANDPUBLIC_PLATFORM_FILES_H
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace vandpublic {
@@ -32,6 +33,14 @@ class Files {
   // Faults: 52 a name with "*", "?" or a zero character, or one that is too long; 67 no handle
   // left; 70 locked; 75 a folder, a read-only file, an empty name; 76 no such folder.
   virtual std::unique_ptr<OutputFile> Open(std::u16string_view path, OpenMode mode) = 0;
+
+  // The whole file. Faults as in Open, and 53 where there is no such file. A file that fails after
+  // it was opened is given up, as in WriteFile.
+  virtual std::string ReadAll(std::u16string_view path) = 0;
+
+  // Whether the path names an ordinary file: no folder, not hidden. "*" and "?" in the last part
+  // match any such file there; a path that ends in a separator stands for any file in the folder.
+  virtual bool FindsNormalFile(std::u16string_view path) = 0;
 };
 
 // Opens, writes and closes. A file whose write fails after it was opened is not closed: its handle

@@ -10,6 +10,9 @@
 #include "platform/code_page.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
+#include "platform/random.h"
+#include "platform/regexp.h"
+#include "platform/settings_stores.h"
 
 namespace vandpublic {
 
@@ -18,6 +21,11 @@ struct Platform {
   std::shared_ptr<const CodePage> code_page;
   std::shared_ptr<Files> files;
   std::shared_ptr<MessageBoxes> message_boxes;
+  std::shared_ptr<RandomSource> random;
+  std::shared_ptr<RegExpEngine> regexp;
+  std::shared_ptr<IniFiles> ini_files;
+  std::shared_ptr<Registry> registry;
+  std::shared_ptr<SystemNames> system_names;
   // The folder that holds the component file, without a final separator but for the root.
   std::u16string component_folder;
 };

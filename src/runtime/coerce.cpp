@@ -97,7 +97,7 @@ std::string RealText(Real value, int digits) {
 
 std::string CurrencyText(Currency value) {
   const bool negative = value.scaled < 0;
-  std::uint64_t magnitude = static_cast<std::uint64_t>(value.scaled);
+  auto magnitude = static_cast<std::uint64_t>(value.scaled);
   if (negative) magnitude = 0 - magnitude;
   std::string text = std::to_string(magnitude / 10000);
   std::string fraction = std::to_string(10000 + magnitude % 10000).substr(1);

@@ -42,6 +42,15 @@ class VANDPUBLIC_API String {
   // Storage byte at an index below ByteLength().
   Byte ByteAt(std::size_t index) const noexcept;
 
+  // Changes the units where they stand: edit is called with the std::u16string that holds them. A
+  // stray last byte is dropped, and an absent string becomes the empty one first.
+  template <class Edit>
+  void EditUnits(Edit edit) {
+    half_unit_.reset();
+    absent_ = false;
+    edit(units_);
+  }
+
   // The whole units; a stray last byte is not among them.
   std::u16string_view view() const noexcept { return units_; }
   std::string ToBytes() const;

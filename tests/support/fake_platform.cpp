@@ -44,11 +44,29 @@ std::unique_ptr<OutputFile> FakeFiles::Open(std::u16string_view path, OpenMode m
   return std::make_unique<FakeOutputFile>(*this, std::u16string(path));
 }
 
+std::string FakeFiles::ReadAll(std::u16string_view path) {
+  if (on_open) on_open();
+  Count(kOpen);
+  opened.emplace_back(path);
+  const auto file = contents.find(path);
+  if (file == contents.end()) RaiseFault(FaultNumber::FileNotFound);
+  return file->second;
+}
+
+bool FakeFiles::FindsNormalFile(std::u16string_view path) { return contents.contains(path); }
+
 void FakeFiles::Fail(Step step, int call, FaultNumber fault) { failures_[step] = {call, fault}; }
 
 void FakeFiles::Count(Step step) {
   PlannedFailure& planned = failures_[step];
   if (planned.calls_left > 0 && --planned.calls_left == 0) RaiseFault(planned.fault);
+}
+
+double FakeRandom::Next() {
+  if (values.empty()) RaiseFault(FaultNumber::InternalError);
+  const double value = values.front();
+  values.pop_front();
+  return value;
 }
 
 std::shared_ptr<const Platform> FakePlatform::Make() const {
@@ -57,6 +75,7 @@ std::shared_ptr<const Platform> FakePlatform::Make() const {
   platform->code_page = FindCodePage(code_page);
   platform->files = files;
   platform->message_boxes = message_boxes;
+  platform->random = random;
   platform->component_folder = component_folder;
   return platform;
 }

@@ -43,12 +43,16 @@ class FakeMessageBoxes final : public MessageBoxes {
   bool fails = false;  // Show raises fault 51 and notes nothing
 };
 
-// Files by the exact text of their path: no folders, no rules for names.
+// Files by the exact text of their path: no folders, no rules for names, no wildcards.
 class FakeFiles final : public Files {
  public:
   std::unique_ptr<OutputFile> Open(std::u16string_view path, OpenMode mode) override;
+  // Fault 53 for a path that is not among the contents.
+  std::string ReadAll(std::u16string_view path) override;
+  bool FindsNormalFile(std::u16string_view path) override;
 
-  // The n-th call from now on, counted from 1 over all files, raises the fault instead.
+  // The n-th call from now on, counted from 1 over all files, raises the fault instead. ReadAll
+  // counts as an open.
   void FailOpen(int call, FaultNumber fault) { Fail(kOpen, call, fault); }
   void FailWrite(int call, FaultNumber fault) { Fail(kWrite, call, fault); }
   void FailClose(int call, FaultNumber fault) { Fail(kClose, call, fault); }
@@ -76,15 +80,26 @@ class FakeFiles final : public Files {
   std::array<PlannedFailure, kStepCount> failures_;
 };
 
+class FakeRandom final : public RandomSource {
+ public:
+  // The next of `values`; fault 51 when none is left, so that every draw is expected.
+  double Next() override;
+  void Seed(std::uint64_t seed) override { seeds.push_back(seed); }
+
+  std::deque<double> values;
+  std::vector<std::uint64_t> seeds;
+};
+
 // The services of one test, to be changed before or after objects are made on them.
 struct FakePlatform {
   std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
   std::shared_ptr<FakeFiles> files = std::make_shared<FakeFiles>();
   std::shared_ptr<FakeMessageBoxes> message_boxes = std::make_shared<FakeMessageBoxes>();
+  std::shared_ptr<FakeRandom> random = std::make_shared<FakeRandom>();
   int code_page = 1252;
   std::u16string component_folder = u"C:\\Component";
 
-  // The table as objects take it; it shares the stand-ins.
+  // The table as objects take it; it shares the stand-ins. Ports without one here are not set.
   std::shared_ptr<const Platform> Make() const;
 };
 

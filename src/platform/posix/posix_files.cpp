@@ -9,6 +9,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/posix/descriptor.h"
+#include "platform/posix/file_lookup.h"
 #include "platform/posix/posix_paths.h"
 #include "runtime/errors.h"
 
@@ -17,25 +19,6 @@ namespace {
 
 constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kAnyWrite = 0222;
-
-class Descriptor {
- public:
-  explicit Descriptor(int value) : value_(value) {}
-  Descriptor(Descriptor&& other) noexcept : value_(std::exchange(other.value_, -1)) {}
-  Descriptor& operator=(Descriptor&& other) noexcept {
-    std::swap(value_, other.value_);
-    return *this;
-  }
-  ~Descriptor() {
-    if (value_ >= 0) close(value_);
-  }
-
-  int get() const noexcept { return value_; }
-  int Release() noexcept { return std::exchange(value_, -1); }
-
- private:
-  int value_;
-};
 
 class PosixOutputFile final : public OutputFile {
  public:
@@ -79,12 +62,32 @@ void CheckOpened(const Descriptor& file, bool existed, OpenMode mode, const std:
   if (ftruncate(file.get(), 0) != 0) RaiseFault(FaultFromErrno(errno, path));
 }
 
+std::string NameToOpen(std::u16string_view path) {
+  std::string native = NativePath(path);
+  if (native.empty()) RaiseFault(FaultNumber::PathFileAccessError);
+  if (native.find_first_of("*?") != std::string::npos) RaiseFault(FaultNumber::BadFileName);
+  return native;
+}
+
+// Reads up to the end that the file had when it was opened. False, with errno set, on an error.
+bool ReadWhole(int file, std::size_t size, std::string& bytes) {
+  bytes.resize(size);
+  std::size_t filled = 0;
+  while (filled < size) {
+    const ssize_t count = read(file, bytes.data() + filled, size - filled);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return false;
+    if (count == 0) break;  // somebody cut the file meanwhile
+    filled += static_cast<std::size_t>(count);
+  }
+  bytes.resize(filled);
+  return true;
+}
+
 }  // namespace
 
 std::unique_ptr<OutputFile> PosixFiles::Open(std::u16string_view path, OpenMode mode) {
-  const std::string native = NativePath(path);
-  if (native.empty()) RaiseFault(FaultNumber::PathFileAccessError);
-  if (native.find_first_of("*?") != std::string::npos) RaiseFault(FaultNumber::BadFileName);
+  const std::string native = NameToOpen(path);
 
   // Not truncated by open itself: what must not be emptied is only known afterwards.
   const int flags =
@@ -99,6 +102,25 @@ std::unique_ptr<OutputFile> PosixFiles::Open(std::u16string_view path, OpenMode 
   if (file.get() < 0) RaiseFault(FaultFromErrno(errno, native));
   CheckOpened(file, existed, mode, native);
   return std::make_unique<PosixOutputFile>(std::move(file), native);
+}
+
+std::string PosixFiles::ReadAll(std::u16string_view path) {
+  const std::string native = NameToOpen(path);
+  Descriptor file(open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  if (file.get() < 0) RaiseFault(FaultFromErrno(errno, native));
+  struct stat status {};
+  if (fstat(file.get(), &status) != 0) RaiseFault(FaultFromErrno(errno, native));
+  if (!S_ISREG(status.st_mode)) RaiseFault(FaultNumber::PathFileAccessError);
+
+  std::string bytes;
+  if (ReadWhole(file.get(), static_cast<std::size_t>(status.st_size), bytes)) return bytes;
+  const int error = errno;
+  file.Release();  // given up, on purpose
+  RaiseFault(FaultFromErrno(error, native));
+}
+
+bool PosixFiles::FindsNormalFile(std::u16string_view path) {
+  return NormalFileExists(NativePath(path));
 }
 
 }  // namespace vandpublic

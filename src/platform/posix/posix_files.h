@@ -11,6 +11,8 @@ namespace vandpublic {
 class PosixFiles final : public Files {
  public:
   std::unique_ptr<OutputFile> Open(std::u16string_view path, OpenMode mode) override;
+  std::string ReadAll(std::u16string_view path) override;
+  bool FindsNormalFile(std::u16string_view path) override;
 };
 
 }  // namespace vandpublic
