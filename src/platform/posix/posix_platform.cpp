@@ -34,6 +34,7 @@ class CurrentPlatform {
       made->clock = std::make_shared<PosixClock>();
       made->code_page = FindCodePage(LocaleCodePage());
       made->files = std::make_shared<PosixFiles>();
+      made->message_boxes = NoMessageBoxes();
       made->random = MakeRandomSource();
       made->component_folder = ComponentFolder();
       platform_ = std::move(made);
