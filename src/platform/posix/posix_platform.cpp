@@ -7,6 +7,7 @@
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_paths.h"
+#include "platform/posix/regexp_pcre2.h"
 #include "runtime/errors.h"
 
 namespace vandpublic {
@@ -36,6 +37,7 @@ class CurrentPlatform {
       made->files = std::make_shared<PosixFiles>();
       made->message_boxes = NoMessageBoxes();
       made->random = MakeRandomSource();
+      made->regexp = MakeRegExpEngine();
       made->component_folder = ComponentFolder();
       platform_ = std::move(made);
     }
