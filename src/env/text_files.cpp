@@ -11,8 +11,6 @@
 namespace vandpublic {
 namespace {
 
-constexpr int kQuestionStyle = 324;  // Yes and No, the question icon, No the default
-constexpr int kAnswerNo = 7;
 constexpr std::u16string_view kLineEnd = u"\r\n";
 
 void CheckPath(clsPublic& object, const String& path) {
@@ -21,7 +19,8 @@ void CheckPath(clsPublic& object, const String& path) {
 
 bool MayOverride(const Platform& platform, std::u16string_view path) {
   const std::u16string question = u"File " + std::u16string(path) + u" exists, Override ?";
-  return platform.message_boxes->Show(question, u"Override ?", kQuestionStyle) != kAnswerNo;
+  return platform.message_boxes->Show(question, u"Override ?", kBoxYesNoQuestionDefaultNo) !=
+         kBoxAnswerNo;
 }
 
 void WriteLine(const Platform& platform, std::u16string_view path, OpenMode mode,

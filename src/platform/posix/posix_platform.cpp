@@ -4,6 +4,7 @@
 #include "platform/host_settings.h"
 #include "platform/platform.h"
 #include "platform/posix/code_pages.h"
+#include "platform/posix/message_box_desktop.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_paths.h"
@@ -35,7 +36,7 @@ class CurrentPlatform {
       made->clock = std::make_shared<PosixClock>();
       made->code_page = FindCodePage(LocaleCodePage());
       made->files = std::make_shared<PosixFiles>();
-      made->message_boxes = NoMessageBoxes();
+      made->message_boxes = std::make_shared<DesktopMessageBoxes>();
       made->random = MakeRandomSource();
       made->regexp = MakeRegExpEngine();
       made->component_folder = ComponentFolder();
