@@ -3,6 +3,7 @@
 #define VANDPUBLIC_INVOKE_ARGUMENT_H
 
 #include <type_traits>
+#include <utility>
 
 #include "runtime/coerce.h"
 #include "runtime/errors.h"
@@ -79,7 +80,8 @@ class RefArgument {
   RefArgument(const RefArgument&) = delete;
   RefArgument& operator=(const RefArgument&) = delete;
   ~RefArgument() {
-    if (exact_ == nullptr && !(converted_ == before_)) variable_ = Stored<T>(converted_);
+    // Moved, so that nothing is allocated where nothing may be thrown.
+    if (exact_ == nullptr && !(converted_ == before_)) variable_ = Stored<T>(std::move(converted_));
   }
 
   T& Get() noexcept { return exact_ != nullptr ? *exact_ : converted_; }
