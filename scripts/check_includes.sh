@@ -9,7 +9,10 @@ allowed='
 runtime:
 members: runtime
 platform: runtime
-platform/posix: runtime platform
+platform/posix: runtime platform platform/posix/ado
+platform/posix/ado: runtime platform platform/posix
+platform/posix/ado/jet: runtime platform/posix platform/posix/ado
+platform/posix/ado/dbf: runtime platform/posix platform/posix/ado
 frame: runtime members platform
 convert: runtime members platform frame
 text: runtime members platform frame
