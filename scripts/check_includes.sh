@@ -19,7 +19,7 @@ text: runtime members platform frame
 crypto: runtime members platform frame convert
 env: runtime members platform frame convert
 db: runtime members platform frame
-invoke: runtime members frame
+invoke: runtime members platform frame
 cli: runtime members platform platform/posix frame invoke
 '
 
