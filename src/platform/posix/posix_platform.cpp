@@ -3,6 +3,7 @@
 
 #include "platform/host_settings.h"
 #include "platform/platform.h"
+#include "platform/posix/ado/database_objects.h"
 #include "platform/posix/code_pages.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
@@ -34,6 +35,7 @@ class CurrentPlatform {
       made->clock = std::make_shared<PosixClock>();
       made->code_page = FindCodePage(LocaleCodePage());
       made->files = std::make_shared<PosixFiles>();
+      made->database = ado::MakeDatabaseObjects();
       made->random = MakeRandomSource();
       made->component_folder = ComponentFolder();
       platform_ = std::move(made);
