@@ -26,6 +26,7 @@ cli: runtime members platform platform/posix frame invoke
 find . -name '*.h' -o -name '*.cpp' -o -name '*.inc' | sed 's|^\./||' | sort | while read -r file; do
   folder=$(dirname "$file")
   rule=$(printf '%s\n' "$allowed" | sed -n "s|^$folder:||p")
+  case "$file" in *_test.cpp) rule="$rule support" ;; esac  # tests/support
   grep -o '^#include "[^"]*/[^"]*"' "$file" | cut -d'"' -f2 | while read -r included; do
     target=$(dirname "$included")
     case " $folder $rule " in

@@ -2,6 +2,7 @@
 #ifndef VANDPUBLIC_PLATFORM_MESSAGE_BOX_H
 #define VANDPUBLIC_PLATFORM_MESSAGE_BOX_H
 
+#include <memory>
 #include <string_view>
 
 namespace vandpublic {
@@ -15,6 +16,9 @@ class MessageBoxes {
   // desktop nothing is shown, nothing blocks, and the default button is the answer.
   virtual int Show(std::u16string_view text, std::u16string_view title, int style) = 0;
 };
+
+// The boxes of a process without a desktop: the default button answers at once.
+std::shared_ptr<MessageBoxes> NoMessageBoxes();
 
 }  // namespace vandpublic
 

@@ -36,6 +36,7 @@ class CurrentPlatform {
       made->code_page = FindCodePage(LocaleCodePage());
       made->files = std::make_shared<PosixFiles>();
       made->database = ado::MakeDatabaseObjects();
+      made->message_boxes = NoMessageBoxes();
       made->random = MakeRandomSource();
       made->component_folder = ComponentFolder();
       platform_ = std::move(made);
