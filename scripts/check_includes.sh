@@ -10,7 +10,8 @@ runtime:
 members: runtime
 platform: runtime
 platform/posix: runtime platform platform/posix/ado
-platform/posix/ado: runtime platform platform/posix
+platform/posix/ado: runtime platform platform/posix platform/posix/ado/odbc
+platform/posix/ado/odbc: runtime platform/posix/ado
 platform/posix/ado/jet: runtime platform/posix platform/posix/ado
 platform/posix/ado/dbf: runtime platform/posix platform/posix/ado
 frame: runtime members platform

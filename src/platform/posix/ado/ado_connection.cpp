@@ -64,8 +64,10 @@ constexpr Property kProperties[] = {
      [](AdoConnection& self, const Variant& value) {
        self.connection_timeout = TimeoutValue(value);
      }},
-    {"CommandTimeout", [](AdoConnection& self) { return Variant(self.command_timeout); },
-     [](AdoConnection& self, const Variant& value) { self.command_timeout = TimeoutValue(value); }},
+    {"CommandTimeout", [](AdoConnection& self) { return Variant(self.command_timeout()); },
+     [](AdoConnection& self, const Variant& value) {
+       self.SetCommandTimeout(TimeoutValue(value));
+     }},
 };
 
 constexpr Operation kOperations[] = {
@@ -126,6 +128,12 @@ void AdoConnection::Open(std::u16string_view connection_string, std::u16string_v
     parsed.Set("Connect Timeout", std::to_string(connection_timeout));
   }
   session_ = FindProvider(parsed)(parsed);
+  session_->SetCommandTimeout(command_timeout_);
+}
+
+void AdoConnection::SetCommandTimeout(Long seconds) {
+  command_timeout_ = seconds;
+  if (IsOpen()) session_->SetCommandTimeout(seconds);
 }
 
 void AdoConnection::Close() {

@@ -14,10 +14,10 @@ namespace vandpublic::ado {
 class AdoRecordset;
 
 // By name it has the properties ConnectionString, Provider, State, Version, CursorLocation,
-// ConnectionTimeout (seconds to wait for a server, 15 by default, 0 without end) and
-// CommandTimeout (kept only), and the operations Open, Close, Execute, BeginTrans, CommitTrans and
-// RollbackTrans. Close closes its recordsets, without storing what is being edited in them, and
-// undoes a transaction.
+// ConnectionTimeout and CommandTimeout (seconds to wait for a server and for a statement, 15
+// and 30 by default, 0 without end), and the operations Open, Close, Execute, BeginTrans,
+// CommitTrans and RollbackTrans. Close closes its recordsets, without storing what is being edited
+// in them, and undoes a transaction.
 class AdoConnection final : public Connection, public std::enable_shared_from_this<AdoConnection> {
  public:
   void SetConnectionString(std::u16string_view text) override;
@@ -45,9 +45,10 @@ class AdoConnection final : public Connection, public std::enable_shared_from_th
   const std::u16string& connection_string() const noexcept { return connection_string_; }
   std::u16string ProviderName() const;
   void SetProviderName(std::u16string name);
+  Long command_timeout() const noexcept { return command_timeout_; }
+  void SetCommandTimeout(Long seconds);
   Long cursor_location = 2;
   Long connection_timeout = 15;
-  Long command_timeout = 30;
 
  private:
   void RequireOpen() const;
@@ -57,6 +58,7 @@ class AdoConnection final : public Connection, public std::enable_shared_from_th
   std::u16string provider_;
   std::unique_ptr<Session> session_;
   bool in_transaction_ = false;
+  Long command_timeout_ = 30;
   std::vector<AdoRecordset*> recordsets_;
 };
 
