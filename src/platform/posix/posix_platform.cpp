@@ -3,6 +3,7 @@
 
 #include "platform/host_settings.h"
 #include "platform/platform.h"
+#include "platform/posix/ado/database_objects.h"
 #include "platform/posix/code_pages.h"
 #include "platform/posix/message_box_desktop.h"
 #include "platform/posix/posix_clock.h"
@@ -37,6 +38,7 @@ class CurrentPlatform {
       made->code_page = FindCodePage(LocaleCodePage());
       made->files = std::make_shared<PosixFiles>();
       made->message_boxes = std::make_shared<DesktopMessageBoxes>();
+      made->database = ado::MakeDatabaseObjects();
       made->random = MakeRandomSource();
       made->regexp = MakeRegExpEngine();
       made->component_folder = ComponentFolder();
