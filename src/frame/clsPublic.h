@@ -325,6 +325,27 @@ class VANDPUBLIC_API clsPublic {
                          bool ibln_LeftPad = true, const String& istr_PadWith = u"0",
                          bool ibln_InByteText = false);
 
+  // Writes one value to an initialisation file; creates the file, not its folder.
+  // Raises 0x80040015 (clsCommon.SaveSettingToIni): A name is blank, or the file cannot be written.
+  // Messages: "File name not provided.", "Section name not provided.", "Key name not provided.",
+  // "Failed to save setting into .ini file!".
+  void SaveSettingToIni(const String& istr_IniFileName, const String& istr_Section,
+                        const String& istr_Key, const String& istr_Value);
+
+  // Reads one value from an initialisation file, or the default when it is not there; cut to 255
+  // bytes, then trimmed.
+  // Raises 0x80040014 (clsCommon.GetSettingFromIni): A name is blank.
+  // Messages: "File name not provided.", "Section name not provided.", "Key name not provided.".
+  String GetSettingFromIni(const String& istr_IniFileName, const String& istr_Section,
+                           const String& istr_Key, const String& istr_Default = u"");
+
+  // Reads one value below HKEY_LOCAL_MACHINE. A text comes back with its terminating zero
+  // character; a missing value is "", whatever the default.
+  // Raises 0x80040016 (clsCommon.GetSettingFromReg): A name is blank.
+  // Messages: "Section name not provided.", "Key name not provided.".
+  String GetSettingFromReg(const String& istr_Section, const String& istr_Key,
+                           const String& istr_Default = u"");
+
   // The text with every single quote doubled.
   String EncodeStrSQL(const String& istr_Source);
 
@@ -463,6 +484,21 @@ class VANDPUBLIC_API clsPublic {
 
   // The text without ideographic spaces (U+3000), blanks and CR LF pairs. istr_Source itself stays.
   String FstrRidOfEmpty(String& istr_Source);
+
+  // The system's library folder, without a final separator.
+  // Raises 0x80040021 (clsCommon.SystemDirectory): The system does not tell.
+  // Messages: "Call API not get correct System Dir information !".
+  String SystemDirectory();
+
+  // The operating system's folder, without a final separator.
+  // Raises 0x80040022 (clsCommon.WindowsDirectory): The system does not tell.
+  // Messages: "Call API not get correct Windows Dir information !".
+  String WindowsDirectory();
+
+  // The computer's network name, up to the first dot.
+  // Raises 0x80040023 (clsCommon.ComputerName): The system does not tell.
+  // Messages: "Call API not get correct Computer Name information !".
+  String ComputerName();
 
   // DES encipherment (FIPS 46-3, ECB) of bytes 0 to iint_SrcLen - 1 under key bytes 0 to 7 into the
   // same bytes of abyt_Result, which the caller dimensions and which may be abyt_Source. True.

@@ -438,8 +438,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x15,
      .messages = {kFileNameMissing, kSectionMissing, kKeyMissing, kIniSaveFailed},
      .does = "Writes one value to an initialisation file; creates the file, not its folder.",
-     .raises = "A name is blank, or the file cannot be written.",
-     .available = false},
+     .raises = "A name is blank, or the file cannot be written."},
     // Slot 44
     {.name = "GetSettingFromIni",
      .parameters = {In("istr_IniFileName", String), In("istr_Section", String),
@@ -450,8 +449,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .messages = {kFileNameMissing, kSectionMissing, kKeyMissing},
      .does = "Reads one value from an initialisation file, or the default when it is not there; "
              "cut to 255 bytes, then trimmed.",
-     .raises = "A name is blank.",
-     .available = false},
+     .raises = "A name is blank."},
     // Slot 45
     {.name = "GetSettingFromReg",
      .parameters = {In("istr_Section", String), In("istr_Key", String),
@@ -462,8 +460,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .messages = {kSectionMissing, kKeyMissing},
      .does = "Reads one value below HKEY_LOCAL_MACHINE. A text comes back with its terminating "
              "zero character; a missing value is \"\", whatever the default.",
-     .raises = "A name is blank.",
-     .available = false},
+     .raises = "A name is blank."},
     // Slot 46
     {.name = "EncodeStrSQL",
      .parameters = {In("istr_Source", String)},
@@ -669,8 +666,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x21,
      .messages = {kNoSystemDirectory},
      .does = "The system's library folder, without a final separator.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 65
     {.name = "WindowsDirectory",
      .result = String,
@@ -678,8 +674,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x22,
      .messages = {kNoWindowsDirectory},
      .does = "The operating system's folder, without a final separator.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 66
     {.name = "ComputerName",
      .result = String,
@@ -687,8 +682,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x23,
      .messages = {kNoComputerName},
      .does = "The computer's network name, up to the first dot.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 67
     {.name = "DES",
      .parameters = {Ref("abyt_Key", ByteArray), Ref("abyt_Source", ByteArray),
