@@ -105,6 +105,31 @@ class VANDPUBLIC_API clsPublic {
   // Raises: The code is outside 0 to 255, in any mode: plain fault 5.
   void FilterInput(Integer& rint_KeyAscii, enumInputMode enm_InputMode = INPUT_MODE_DECIMAL);
 
+  // Appends the text and a line end (CR LF) to the file. A missing file is created first, with an
+  // empty line in front. The trimmed path is looked up, the path as given is opened.
+  // Raises 0x80040007 (clsCommon.AppendText): The path is blank; the file cannot be created, opened
+  // or written.
+  // Messages: "File path not provided.".
+  // After a failure: A file that was created stays.
+  bool AppendText(const String& istr_Path, const String& istr_Text,
+                  OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Whether the regular expression matches anywhere in the source.
+  // Raises 0x80040001 (clsCommon.RegExpTest): The pattern is not valid, or the match takes too many
+  // steps.
+  bool RegExpTest(const String& istr_Source, const String& istr_Pattern, bool ibln_Globle = true,
+                  bool ibln_IgnorseCase = true, bool ibln_Multiline = false,
+                  OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The source with every match (the first only, when ibln_Globle is False) replaced. The
+  // replacement may hold $1 to $99, $&, $`, $' and $$.
+  // Raises 0x80040002 (clsCommon.RegExpReplace): The pattern is not valid, or the match takes too
+  // many steps.
+  String RegExpReplace(const String& istr_Source, const String& istr_Pattern,
+                       const String& istr_RepWith, bool ibln_Globle = true,
+                       bool ibln_IgnorseCase = true, bool ibln_Multiline = false,
+                       OptionalRef<String> rstr_ErrDesc = u"");
+
   // The client's application folder, empty until Init or a write sets it.
   String AppPath() const;
 
@@ -155,6 +180,21 @@ class VANDPUBLIC_API clsPublic {
   // Raises 0x80040003 (clsCommon.ArraySize): iint_Dimension is below 1.
   // Messages: "Invalid input dimension.".
   Long ArraySize(Variant& iavar_Array, Integer iint_Dimension = 1);
+
+  // Replaces the file's content with the text and a line end (CR LF). With ibln_PromptOverRide a
+  // question is asked first, whether or not the file exists; No leaves everything as it is.
+  // Raises 0x80040006 (clsCommon.TextRWWrite): The path is blank; the file cannot be created,
+  // opened or written.
+  // Messages: "File path not provided.".
+  void TextRWWrite(String& istr_FilePath, String& istr_Printed,
+                   OptionalRef<bool> ibln_PromptOverRide = false,
+                   OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The whole content of a text file, line ends included, read in the ANSI code page.
+  // Raises 0x80040005 (clsCommon.TextRWRead): The path is blank or names no file; the file cannot
+  // be opened or read.
+  // Messages: "File path not provided.".
+  String TextRWRead(const String& istr_FilePath, OptionalRef<String> rstr_ErrDesc = u"");
 
   // The text's bytes as hexadecimal digits: the low byte of each character or, with
   // ibln_InByteText, every storage byte.

@@ -163,8 +163,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "first, with an empty line in front. The trimmed path is looked up, the path as "
              "given is opened.",
      .raises = "The path is blank; the file cannot be created, opened or written.",
-     .leaves = "A file that was created stays.",
-     .available = false},
+     .leaves = "A file that was created stays."},
     // Slot 13
     {.name = "RegExpTest",
      .parameters = {In("istr_Source", String), In("istr_Pattern", String),
@@ -175,8 +174,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = kRaise,
      .code = 0x01,
      .does = "Whether the regular expression matches anywhere in the source.",
-     .raises = "The pattern is not valid, or the match takes too many steps.",
-     .available = false},
+     .raises = "The pattern is not valid, or the match takes too many steps."},
     // Slot 14
     {.name = "RegExpReplace",
      .parameters = {In("istr_Source", String), In("istr_Pattern", String),
@@ -188,8 +186,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x02,
      .does = "The source with every match (the first only, when ibln_Globle is False) replaced. "
              "The replacement may hold $1 to $99, $&, $`, $' and $$.",
-     .raises = "The pattern is not valid, or the match takes too many steps.",
-     .available = false},
+     .raises = "The pattern is not valid, or the match takes too many steps."},
     // Slot 15
     {.name = "AppPath",
      .kind = kGet,
@@ -277,8 +274,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Replaces the file's content with the text and a line end (CR LF). With "
              "ibln_PromptOverRide a question is asked first, whether or not the file exists; No "
              "leaves everything as it is.",
-     .raises = "The path is blank; the file cannot be created, opened or written.",
-     .available = false},
+     .raises = "The path is blank; the file cannot be created, opened or written."},
     // Slot 28
     {.name = "ArrayToColumn",
      .parameters = {Ref("Col", Field), Ref("Ary", Variant)},
@@ -323,8 +319,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x05,
      .messages = {kFilePathMissing},
      .does = "The whole content of a text file, line ends included, read in the ANSI code page.",
-     .raises = "The path is blank or names no file; the file cannot be opened or read.",
-     .available = false},
+     .raises = "The path is blank or names no file; the file cannot be opened or read."},
     // Slot 33
     {.name = "MsgFmtTextToHex",
      .parameters = {In("istr_MsgFmtText", String), In("ibln_InByteText", Boolean, Truth(false))},
