@@ -6,8 +6,8 @@
 
 #include "cli/json_text.h"
 #include "cli/members_command.h"
-#include "support/tool_platform.h"
 #include "members/member_table.h"
+#include "support/tool_platform.h"
 
 namespace vandpublic {
 namespace {
