@@ -17,7 +17,8 @@ platform/posix/ado/dbf: runtime platform/posix platform/posix/ado
 frame: runtime members platform
 convert: runtime members platform frame
 text: runtime members platform frame
-crypto: runtime members platform frame convert
+crypto: runtime members platform frame convert crypto/kernels
+crypto/kernels: runtime crypto
 env: runtime members platform frame convert
 db: runtime members platform frame
 invoke: runtime members platform frame
