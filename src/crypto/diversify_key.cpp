@@ -1,5 +1,6 @@
 // DiversifyKey: a 16-byte key from a master key and 8 bytes of data.
 #include "convert/array_size.h"
+#include "crypto/des_engine.h"
 #include "frame/trap.h"
 #include "members/messages.h"
 #include "runtime/wipe.h"
@@ -10,15 +11,28 @@ namespace {
 constexpr Long kHalfSize = 8;
 constexpr Long kKeySize = 16;
 
-bool HasSubscripts0To7(const ByteArray& array) {
-  return array.LowerBound() <= 0 && std::int64_t{array.LowerBound()} + array.Count() >= kHalfSize;
-}
-
 // The source of the left half. Data that starts elsewhere than at subscript 0 is enciphered from
 // its first element on; the complement, which reads absolute subscripts, then fails.
 ByteArray FirstElements(const ByteArray& data) {
   const auto elements = data.Elements().first(kHalfSize);
   return ByteArray(std::vector<Byte>(elements.begin(), elements.end()));
+}
+
+// Whether both halves can be made at once: nothing can fail, and the left half, once written,
+// changes neither the key nor the data.
+bool CannotFail(const ByteArray& key, const ByteArray& data, const ByteArray& receiver) {
+  return &receiver != &key && &receiver != &data && HasSubscripts(key, kKeySize) &&
+         HasSubscripts(data, kHalfSize) && HasSubscripts(receiver, kKeySize);
+}
+
+void DiversifyBoth(const ByteArray& key, const ByteArray& data, ByteArray& receiver) {
+  const auto left = FromZero(data, kHalfSize);
+  const auto both = FromZero(receiver, kKeySize);
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    both[i] = left[i];
+    both[left.size() + i] = static_cast<Byte>(~left[i]);
+  }
+  TripleDesCipherBlocks(FromZero(key, kKeySize).first<16>(), both, both, true);
 }
 
 }  // namespace
@@ -32,8 +46,12 @@ bool clsPublic::DiversifyKey(ByteArray& abyt_MasterKey, ByteArray& abyt_DivData,
     if (data_size % kHalfSize != 0) Reject(messages::kDivDataNotMultipleOf8);
     if (SizeOf(*this, abyt_DivKey) < kKeySize) Reject(messages::kDivKeyTooSmall);
 
+    if (CannotFail(abyt_MasterKey, abyt_DivData, abyt_DivKey)) {
+      DiversifyBoth(abyt_MasterKey, abyt_DivData, abyt_DivKey);
+      return true;
+    }
     Integer length = kHalfSize;
-    if (data_size >= kHalfSize && !HasSubscripts0To7(abyt_DivData)) {
+    if (data_size >= kHalfSize && !HasSubscripts(abyt_DivData, kHalfSize)) {
       ByteArray first = FirstElements(abyt_DivData);
       DES3(abyt_MasterKey, first, length, abyt_DivKey);
     } else {

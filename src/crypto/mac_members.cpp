@@ -2,6 +2,11 @@
 //
 // MAC is ISO/IEC 9797-1 MAC algorithm 1 (CBC-MAC) with DES, TMAC algorithm 3 (the retail MAC of
 // ANSI X9.19); both with padding method 2 and a caller-given initial value.
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "crypto/des_engine.h"
 #include "frame/trap.h"
 #include "runtime/wipe.h"
 
@@ -9,6 +14,7 @@ namespace vandpublic {
 namespace {
 
 constexpr Long kBlockSize = 8;
+constexpr Long kDoubleKeySize = 16;
 constexpr Long kMessageBuffer = 1024;
 constexpr Long kMacSize = 4;
 constexpr Byte kPaddingMark = 0x80;
@@ -42,22 +48,93 @@ void Chain(clsPublic& object, ByteArray& key, const ByteArray& message, Integer 
   }
 }
 
+// The padded message and the chain of a call in which nothing can fail before the code is handed
+// out; wiped at the end.
+class Work {
+ public:
+  Work(const ByteArray& source, Integer length, const ByteArray& initial) : length_(length) {
+    const auto bytes = FromZero(source, length);
+    std::copy(bytes.begin(), bytes.end(), message_.begin());
+    message_[bytes.size()] = kPaddingMark;
+    std::fill_n(&message_[bytes.size() + 1], Message().size() - bytes.size() - 1, Byte{0});
+    const auto start = FromZero(initial, kBlockSize);
+    std::copy(start.begin(), start.end(), chain_.begin());
+  }
+  Work(const Work&) = delete;
+  Work& operator=(const Work&) = delete;
+  ~Work() {
+    WipeMemory(message_.data(), Message().size());
+    WipeMemory(chain_.data(), chain_.size());
+  }
+
+  // Whole blocks: as many as the message fills with at least one byte of padding.
+  std::span<const Byte> Message() const {
+    return std::span(message_).first(static_cast<std::size_t>((length_ / 8 + 1) * 8));
+  }
+  DesBlock Chain() { return chain_; }
+
+ private:
+  Integer length_;
+  std::array<Byte, kMessageBuffer> message_;  // written as far as it is used
+  std::array<Byte, kBlockSize> chain_;
+};
+
+bool CannotFail(const ByteArray& key, Long key_size, const ByteArray& source, Integer length,
+                const ByteArray& initial) {
+  return length >= 0 && length < kMessageBuffer && HasSubscripts(key, key_size) &&
+         HasSubscripts(source, length) && HasSubscripts(initial, kBlockSize);
+}
+
 // As many of the code's bytes as the receiver has subscripts 0 to 3 for, then fault 9.
-void HandOut(const ByteArray& chain, ByteArray& receiver) {
+void HandOut(std::span<const Byte> chain, ByteArray& receiver) {
   for (Long j = 0; j < kMacSize; ++j)
-    receiver.At(j) = chain.At(j);
+    receiver.At(j) = chain[static_cast<std::size_t>(j)];
+}
+
+// The code in steps, each as a call of the member it belongs to: what fails is then logged by the
+// member it fails in.
+void MacInSteps(clsPublic& object, ByteArray& key, ByteArray& source, Integer length,
+                ByteArray& initial, ByteArray& receiver) {
+  const ByteArray message = PaddedMessage(object, source, length);
+  ByteArray chain = Block();
+  CopyBytes(object, chain, initial, kBlockSize, 0);
+  Chain(object, key, message, length, chain);
+  HandOut(chain.Elements(), receiver);
+}
+
+void RetailMacInSteps(clsPublic& object, ByteArray& key, ByteArray& source, Integer length,
+                      ByteArray& initial, ByteArray& receiver) {
+  const ByteArray message = PaddedMessage(object, source, length);
+  ByteArray chain = Block();
+  WipedByteArray k1(Block());
+  WipedByteArray k2(Block());
+  CopyBytes(object, chain, initial, kBlockSize, 0);
+  CopyBytes(object, *k1, key, kBlockSize, 0);
+  CopyBytes(object, *k2, key, kBlockSize, kBlockSize);
+  Chain(object, *k1, message, length, chain);
+
+  // The output transformation.
+  ByteArray work = Block();
+  Integer block_size = kBlockSize;
+  object.UDES(*k2, chain, block_size, work);
+  object.DES(*k1, work, block_size, chain);
+  HandOut(chain.Elements(), receiver);
 }
 
 }  // namespace
 
+// Both do the steps in one where none of them can fail: nothing else would show a difference.
+
 bool clsPublic::MAC(ByteArray& rabyt_Key, ByteArray& rabyt_Src, Integer& iint_SrcLen,
                     ByteArray& rabyt_Init, ByteArray& rabyt_MAC, OptionalRef<String>) {
   return Trapped(*this, Member::MAC, [&] {
-    const ByteArray message = PaddedMessage(*this, rabyt_Src, iint_SrcLen);
-    ByteArray chain = Block();
-    CopyBytes(*this, chain, rabyt_Init, kBlockSize, 0);
-    Chain(*this, rabyt_Key, message, iint_SrcLen, chain);
-    HandOut(chain, rabyt_MAC);
+    if (!CannotFail(rabyt_Key, kBlockSize, rabyt_Src, iint_SrcLen, rabyt_Init)) {
+      MacInSteps(*this, rabyt_Key, rabyt_Src, iint_SrcLen, rabyt_Init, rabyt_MAC);
+      return true;
+    }
+    Work work(rabyt_Src, iint_SrcLen, rabyt_Init);
+    DesChain(FromZero(rabyt_Key, kBlockSize).first<8>(), work.Message(), work.Chain());
+    HandOut(work.Chain(), rabyt_MAC);
     return true;
   });
 }
@@ -65,21 +142,13 @@ bool clsPublic::MAC(ByteArray& rabyt_Key, ByteArray& rabyt_Src, Integer& iint_Sr
 bool clsPublic::TMAC(ByteArray& rabyt_Key, ByteArray& rabyt_Src, Integer& iint_SrcLen,
                      ByteArray& rabyt_Init, ByteArray& rabyt_MAC, OptionalRef<String>) {
   return Trapped(*this, Member::TMAC, [&] {
-    const ByteArray message = PaddedMessage(*this, rabyt_Src, iint_SrcLen);
-    ByteArray chain = Block();
-    WipedByteArray k1(Block());
-    WipedByteArray k2(Block());
-    CopyBytes(*this, chain, rabyt_Init, kBlockSize, 0);
-    CopyBytes(*this, *k1, rabyt_Key, kBlockSize, 0);
-    CopyBytes(*this, *k2, rabyt_Key, kBlockSize, kBlockSize);
-    Chain(*this, *k1, message, iint_SrcLen, chain);
-
-    // The output transformation.
-    ByteArray work = Block();
-    Integer block_size = kBlockSize;
-    UDES(*k2, chain, block_size, work);
-    DES(*k1, work, block_size, chain);
-    HandOut(chain, rabyt_MAC);
+    if (!CannotFail(rabyt_Key, kDoubleKeySize, rabyt_Src, iint_SrcLen, rabyt_Init)) {
+      RetailMacInSteps(*this, rabyt_Key, rabyt_Src, iint_SrcLen, rabyt_Init, rabyt_MAC);
+      return true;
+    }
+    Work work(rabyt_Src, iint_SrcLen, rabyt_Init);
+    RetailChain(FromZero(rabyt_Key, kDoubleKeySize).first<16>(), work.Message(), work.Chain());
+    HandOut(work.Chain(), rabyt_MAC);
     return true;
   });
 }
