@@ -6,10 +6,13 @@ namespace {
 
 bool Always() { return true; }
 
+constexpr KernelStep kPortable[] = {{1, &kTableKernel}, {40, &kBits64Kernel}};
 constexpr KernelStep kTable[] = {{1, &kTableKernel}};
+constexpr KernelStep kBits64[] = {{1, &kBits64Kernel}};
 
 constexpr KernelSet kSets[] = {
-    {"portable", Always, kTable, &kTableKernel},
+    {"portable", Always, kPortable, &kTableKernel},
+    {"bits64", Always, kBits64, &kTableKernel},
     {"table", Always, kTable, &kTableKernel},
 };
 
