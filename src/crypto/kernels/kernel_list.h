@@ -15,6 +15,8 @@ extern const Kernel kBits64Kernel;
 // x86 processors with SSE2, AVX2, and AVX-512 with VBMI and GFNI.
 extern const Kernel kBits128Kernel;
 extern const Kernel kBits256Kernel;
+extern const Kernel kBytes256Kernel;
+extern const Kernel kBytes512Kernel;
 
 // From this many blocks on (the first step's is 1), this kernel.
 struct KernelStep {

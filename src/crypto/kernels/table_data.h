@@ -32,6 +32,9 @@ struct KeyTables {
 
 extern const RoundTables kRoundTables;
 extern const KeyTables kKeyTables;
+// The same for the byte-sliced kernels: byte t of a word is for S-box t, its bits placed as in
+// byte_wiring.h.
+extern const KeyTables kByteKeyTables;
 
 }  // namespace vandpublic::des
 
