@@ -11,9 +11,8 @@
 namespace vandpublic {
 namespace {
 
+using des::ChainJob;
 using des::CipherJob;
-using des::Pass;
-using des::PassList;
 
 constexpr Long kBlock = static_cast<Long>(des::kBlockSize);
 
@@ -31,15 +30,38 @@ Byte* Zeroth(ByteArray& array) {
   return array.Elements().data() - std::min<std::ptrdiff_t>(array.LowerBound(), 0);
 }
 
-PassList OnePass(const Byte* key, bool encipher) { return {{{key, encipher}, {}, {}}, 1}; }
-
-PassList ThreePasses(const Byte* key, bool encipher) {
-  const Pass outer = {key, encipher};
-  return {{outer, {key + des::kBlockSize, !encipher}, outer}, 3};
+// Jobs are filled in place: a list of passes that is returned and copied costs a fifth of a block.
+void SetPass(des::PassList& passes, int p, const Byte* key, bool encipher) {
+  passes.pass[p].key = key;
+  passes.pass[p].encipher = encipher;
 }
 
-void Run(const PassList& passes, const Byte* source, Byte* result, std::size_t blocks) {
-  des::RunJob(des::ActiveKernelSet(), CipherJob{passes, source, result, blocks});
+void SetOnePass(des::PassList& passes, const Byte* key, bool encipher) {
+  SetPass(passes, 0, key, encipher);
+  passes.count = 1;
+}
+
+void SetThreePasses(des::PassList& passes, const Byte* key, bool encipher) {
+  SetPass(passes, 0, key, encipher);
+  SetPass(passes, 1, key + des::kBlockSize, !encipher);
+  SetPass(passes, 2, key, encipher);
+  passes.count = 3;
+}
+
+void Cipher(const Byte* key, bool encipher, const Byte* source, Byte* result, std::size_t blocks) {
+  CipherJob job;
+  SetOnePass(job.passes, key, encipher);
+  job.source = source;
+  job.result = result;
+  job.blocks = blocks;
+  des::RunJob(des::ActiveKernelSet(), job);
+}
+
+void Chain(ChainJob& job, std::span<const Byte> message, DesBlock chain) {
+  job.message = message.data();
+  job.chain = chain.data();
+  job.blocks = message.size() / des::kBlockSize;
+  des::RunChain(des::ActiveKernelSet(), job);
 }
 
 // The block that is not whole in the source or the result: read byte by byte, written byte by
@@ -50,7 +72,7 @@ void CipherUntilFault(const Byte* key, ByteView source, Long start, MutableByteV
   const WipeOnExit wipe(block);
   for (Long i = 0; i < kBlock; ++i)
     block[static_cast<std::size_t>(i)] = source[start + i];
-  Run(OnePass(key, encipher), block.data(), block.data(), 1);
+  Cipher(key, encipher, block.data(), block.data(), 1);
   for (Long i = 0; i < kBlock; ++i)
     result[start + i] = block[static_cast<std::size_t>(i)];
 }
@@ -61,20 +83,18 @@ bool DesCipherBlocks(const ByteArray& Key, const ByteArray& Source, Integer SrcL
                      ByteArray& Result, bool Encipher) {
   if (SrcLen % kBlock != 0) return false;
   if (!HasSubscripts(Key, kBlock)) RaiseFault(FaultNumber::SubscriptOutOfRange);
-  const Long blocks = std::max<Long>(SrcLen / kBlock, 0);
-  const Long whole = std::min({blocks, WholeBlocks(Source), WholeBlocks(Result)});
-  if (whole == blocks) {
-    Run(OnePass(Zeroth(Key), Encipher), Zeroth(Source), Zeroth(Result),
-        static_cast<std::size_t>(whole));
+  if (HasSubscripts(Source, SrcLen) && HasSubscripts(Result, SrcLen)) {
+    const Long blocks = std::max<Long>(SrcLen / kBlock, 0);
+    Cipher(Zeroth(Key), Encipher, Zeroth(Source), Zeroth(Result), static_cast<std::size_t>(blocks));
     return true;
   }
   // The key may stand in the result and be gone after the whole blocks.
   std::array<Byte, des::kBlockSize> key{};
   const WipeOnExit wipe(key);
   std::copy_n(Zeroth(Key), key.size(), key.begin());
+  const Long whole = std::min(WholeBlocks(Source), WholeBlocks(Result));
   if (whole > 0) {
-    Run(OnePass(key.data(), Encipher), Zeroth(Source), Zeroth(Result),
-        static_cast<std::size_t>(whole));
+    Cipher(key.data(), Encipher, Zeroth(Source), Zeroth(Result), static_cast<std::size_t>(whole));
   }
   CipherUntilFault(key.data(), View(Source), whole * kBlock, View(Result), Encipher);
   return true;
@@ -95,18 +115,24 @@ std::span<Byte> FromZero(ByteArray& array, Long count) {
 
 void TripleDesCipherBlocks(DoubleDesKey key, std::span<const Byte> source, std::span<Byte> result,
                            bool encipher) {
-  Run(ThreePasses(key.data(), encipher), source.data(), result.data(),
-      source.size() / des::kBlockSize);
+  CipherJob job;
+  SetThreePasses(job.passes, key.data(), encipher);
+  job.source = source.data();
+  job.result = result.data();
+  job.blocks = source.size() / des::kBlockSize;
+  des::RunJob(des::ActiveKernelSet(), job);
 }
 
 void DesChain(DesKey key, std::span<const Byte> message, DesBlock chain) {
-  des::RunChain(des::ActiveKernelSet(), {OnePass(key.data(), true), message.data(), chain.data(),
-                                         message.size() / des::kBlockSize});
+  ChainJob job;
+  SetOnePass(job.passes, key.data(), true);
+  Chain(job, message, chain);
 }
 
 void RetailChain(DoubleDesKey key, std::span<const Byte> message, DesBlock chain) {
-  des::RunChain(des::ActiveKernelSet(), {ThreePasses(key.data(), true), message.data(),
-                                         chain.data(), message.size() / des::kBlockSize});
+  ChainJob job;
+  SetThreePasses(job.passes, key.data(), true);
+  Chain(job, message, chain);
 }
 
 }  // namespace vandpublic

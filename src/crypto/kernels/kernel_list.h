@@ -13,6 +13,8 @@ extern const Kernel kTableKernel;
 extern const Kernel kBits64Kernel;
 
 // x86 processors with SSE2, AVX2, and AVX-512 with VBMI and GFNI.
+extern const Kernel kTableAvx2Kernel;
+extern const Kernel kTableGfniKernel;
 extern const Kernel kBits128Kernel;
 extern const Kernel kBits256Kernel;
 extern const Kernel kBytes256Kernel;

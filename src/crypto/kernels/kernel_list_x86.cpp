@@ -8,35 +8,42 @@ namespace {
 bool Always() { return true; }
 bool HasSse2() { return __builtin_cpu_supports("sse2") != 0; }
 bool HasAvx2() { return __builtin_cpu_supports("avx2") != 0; }
-
-bool HasByteKernels() {
-  return __builtin_cpu_supports("avx512f") != 0 && __builtin_cpu_supports("avx512bw") != 0 &&
-         __builtin_cpu_supports("avx512vl") != 0 && __builtin_cpu_supports("avx512vbmi") != 0 &&
-         __builtin_cpu_supports("gfni") != 0;
+bool HasGfni() { return HasAvx2() && __builtin_cpu_supports("gfni") != 0; }
+bool HasByteLookUp() {
+  return HasGfni() && __builtin_cpu_supports("avx512f") != 0 &&
+         __builtin_cpu_supports("avx512bw") != 0 && __builtin_cpu_supports("avx512vl") != 0 &&
+         __builtin_cpu_supports("avx512vbmi") != 0;
 }
 
-// Where one kernel overtakes another was measured; see docs/performance/ciphers.md.
+// Where one kernel overtakes another was measured: bench/run.sh.
 constexpr KernelStep kAvx512[] = {
-    {1, &kTableKernel}, {5, &kBytes256Kernel}, {33, &kBytes512Kernel}};
-constexpr KernelStep kAvx2[] = {{1, &kTableKernel}, {30, &kBits256Kernel}};
+    {1, &kTableGfniKernel}, {5, &kBytes256Kernel}, {33, &kBytes512Kernel}};
+constexpr KernelStep kAvx2[] = {{1, &kTableAvx2Kernel}, {30, &kBits256Kernel}};
 constexpr KernelStep kSse2[] = {{1, &kTableKernel}, {34, &kBits128Kernel}};
 constexpr KernelStep kPortable[] = {{1, &kTableKernel}, {40, &kBits64Kernel}};
 
+// One kernel for every length.
 constexpr KernelStep kBytes512[] = {{1, &kBytes512Kernel}};
 constexpr KernelStep kBytes256[] = {{1, &kBytes256Kernel}};
 constexpr KernelStep kBits256[] = {{1, &kBits256Kernel}};
 constexpr KernelStep kBits128[] = {{1, &kBits128Kernel}};
 constexpr KernelStep kBits64[] = {{1, &kBits64Kernel}};
+constexpr KernelStep kTableGfni[] = {{1, &kTableGfniKernel}};
+constexpr KernelStep kTableAvx2[] = {{1, &kTableAvx2Kernel}};
 constexpr KernelStep kTable[] = {{1, &kTableKernel}};
 
 constexpr KernelSet kSets[] = {
-    {"avx512", HasByteKernels, kAvx512, &kTableKernel},
-    {"avx2", HasAvx2, kAvx2, &kTableKernel},
+    {"avx512", HasByteLookUp, kAvx512, &kTableGfniKernel},
+    {"avx2", HasAvx2, kAvx2, &kTableAvx2Kernel},
     {"sse2", HasSse2, kSse2, &kTableKernel},
     {"portable", Always, kPortable, &kTableKernel},
+    {"bytes512", HasByteLookUp, kBytes512, &kTableKernel},
+    {"bytes256", HasByteLookUp, kBytes256, &kTableKernel},
     {"bits256", HasAvx2, kBits256, &kTableKernel},
     {"bits128", HasSse2, kBits128, &kTableKernel},
     {"bits64", Always, kBits64, &kTableKernel},
+    {"table-gfni", HasGfni, kTableGfni, &kTableGfniKernel},
+    {"table-avx2", HasAvx2, kTableAvx2, &kTableAvx2Kernel},
     {"table", Always, kTable, &kTableKernel},
 };
 

@@ -7,7 +7,9 @@
 // way from one round to the next. Round r then changes x by the look-ups and by K(r-1) ^ K(r+1):
 // the subkey that x carried in the round before goes, the one for the round after comes.
 //
-// Included by one source for each set of processor features.
+// Permutations gives the initial and the final permutation of a block (Enter and Leave of
+// expanded_half.h, or as a processor does them faster). Included by one source for each set of
+// processor features.
 #ifndef VANDPUBLIC_CRYPTO_KERNELS_TABLE_KERNEL_H
 #define VANDPUBLIC_CRYPTO_KERNELS_TABLE_KERNEL_H
 
@@ -32,7 +34,7 @@ struct PassKeys {
 using Words [[gnu::vector_size(32)]] = std::uint64_t;
 
 // XORs up the rows.
-inline void Schedule(Pass pass, PassKeys& keys) {
+inline void Schedule(const Pass& pass, PassKeys& keys) {
   constexpr std::size_t kCount = kKeyRowWords / 4;
   Words sum[kCount] = {};
   for (int byte = 0; byte < 8; ++byte) {
@@ -51,7 +53,7 @@ class TableKeys {
  public:
   explicit TableKeys(const PassList& passes) {
     for (int p = 0; p < passes.count; ++p) {
-      const Pass pass = passes.pass[p];
+      const Pass& pass = passes.pass[p];
       const bool again =
           p == 2 && pass.key == passes.pass[0].key && pass.encipher == passes.pass[0].encipher;
       order_[p] = again ? order_[0] : &keys_[used_++];
@@ -109,20 +111,21 @@ inline void RunPass(const PassKeys& keys, Group<kCount>& g) {
   }
 }
 
-template <std::size_t kCount>
+template <class Permutations, std::size_t kCount>
 inline void CipherGroup(const TableKeys& keys, int passes, const Byte* source, Byte* result) {
   Group<kCount> group;
   for (std::size_t i = 0; i < kCount; ++i) {
-    const Halves halves = Enter(LoadBlock(source + 8 * i));
+    const Halves halves = Permutations::Enter(LoadBlock(source + 8 * i));
     group.x[i] = halves.left;
     group.y[i] = halves.right;
   }
   for (int p = 0; p < passes; ++p)
     RunPass(keys[p], group);
   for (std::size_t i = 0; i < kCount; ++i)
-    StoreBlock(Leave({group.x[i], group.y[i]}), result + 8 * i);
+    StoreBlock(Permutations::Leave({group.x[i], group.y[i]}), result + 8 * i);
 }
 
+template <class Permutations>
 void TableCipher(const CipherJob& job) {
   const TableKeys keys(job.passes);
   const int passes = job.passes.count;
@@ -130,28 +133,34 @@ void TableCipher(const CipherJob& job) {
   Byte* result = job.result;
   std::size_t left = job.blocks;
   for (; left >= 4; left -= 4, source += 32, result += 32)
-    CipherGroup<4>(keys, passes, source, result);
-  if (left == 3) CipherGroup<3>(keys, passes, source, result);
-  if (left == 2) CipherGroup<2>(keys, passes, source, result);
-  if (left == 1) CipherGroup<1>(keys, passes, source, result);
+    CipherGroup<Permutations, 4>(keys, passes, source, result);
+  if (left == 3) CipherGroup<Permutations, 3>(keys, passes, source, result);
+  if (left == 2) CipherGroup<Permutations, 2>(keys, passes, source, result);
+  if (left == 1) CipherGroup<Permutations, 1>(keys, passes, source, result);
 }
+
+struct PlainPermutations {
+  static Halves Enter(std::uint64_t block) { return des::Enter(block); }
+  static std::uint64_t Leave(Halves halves) { return des::Leave(halves); }
+};
 
 // The final permutation of a block and the initial one of the next cancel: the chain stays as
 // expanded halves from block to block, and only the message goes through the permutation, off the
 // chain's path.
+template <class Permutations>
 void TableChain(const ChainJob& job) {
   const TableKeys keys(job.passes);
-  const Halves start = Enter(LoadBlock(job.chain));
+  const Halves start = Permutations::Enter(LoadBlock(job.chain));
   Group<1> chain = {{start.left}, {start.right}};
   for (std::size_t block = 0; block < job.blocks; ++block) {
-    const Halves message = Enter(LoadBlock(job.message + 8 * block));
+    const Halves message = Permutations::Enter(LoadBlock(job.message + 8 * block));
     chain.x[0] ^= message.left;
     chain.y[0] ^= message.right;
     RunPass(keys[0], chain);
   }
   for (int p = 1; p < job.passes.count; ++p)
     RunPass(keys[p], chain);
-  StoreBlock(Leave({chain.x[0], chain.y[0]}), job.chain);
+  StoreBlock(Permutations::Leave({chain.x[0], chain.y[0]}), job.chain);
 }
 
 }  // namespace

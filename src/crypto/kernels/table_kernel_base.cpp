@@ -4,6 +4,7 @@
 
 namespace vandpublic::des {
 
-const Kernel kTableKernel = {"table", &TableCipher, &TableChain, 1};
+const Kernel kTableKernel = {"table", &TableCipher<PlainPermutations>,
+                             &TableChain<PlainPermutations>, 1};
 
 }  // namespace vandpublic::des
