@@ -221,6 +221,5 @@ int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   benchmark::RunSpecifiedBenchmarks();
-  benchmark::ClearRegisteredBenchmarks();  // before the objects they hold lose what they rest on
   return 0;
 }
