@@ -18,8 +18,8 @@ bool HasByteLookUp() {
 // Where one kernel overtakes another was measured: bench/run.sh.
 constexpr KernelStep kAvx512[] = {
     {1, &kTableGfniKernel}, {5, &kBytes256Kernel}, {33, &kBytes512Kernel}};
-constexpr KernelStep kAvx2[] = {{1, &kTableAvx2Kernel}, {30, &kBits256Kernel}};
-constexpr KernelStep kSse2[] = {{1, &kTableKernel}, {34, &kBits128Kernel}};
+constexpr KernelStep kAvx2[] = {{1, &kTableAvx2Kernel}, {38, &kBits256Kernel}};
+constexpr KernelStep kSse2[] = {{1, &kTableKernel}, {35, &kBits128Kernel}};
 constexpr KernelStep kPortable[] = {{1, &kTableKernel}, {40, &kBits64Kernel}};
 
 // One kernel for every length.
