@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
+#include <string>
 
+#include "platform/host_settings.h"
 #include "platform/platform.h"
 #include "platform/posix/posix_clock.h"
+#include "platform/posix/test_folder.h"
 
 namespace vandpublic {
 namespace {
@@ -14,8 +17,26 @@ TEST(PosixPlatform, Every_service_is_there_and_the_table_is_made_once) {
   EXPECT_NE(platform->code_page, nullptr);
   EXPECT_NE(platform->files, nullptr);
   EXPECT_NE(platform->message_boxes, nullptr);
+  EXPECT_NE(platform->ini_files, nullptr);
+  EXPECT_NE(platform->registry, nullptr);
+  EXPECT_NE(platform->system_names, nullptr);
   EXPECT_FALSE(platform->component_folder.empty());
   EXPECT_EQ(SystemPlatform(), platform);
+}
+
+TEST(PosixPlatform, A_selected_code_page_counts_for_the_settings_too) {
+  const int before = SystemPlatform()->code_page->number();
+  const TestFolder folder;
+  const std::string ini = folder.Put("a.ini", "\xEF\xBB\xBF[S]\nK=\xE4\xB8\xAD\n");
+  const std::string registry = folder.Put(
+      "a.reg", "\xEF\xBB\xBFREGEDIT4\n[HKEY_LOCAL_MACHINE\\S]\n\"K\"=\"\xE4\xB8\xAD\"\n");
+  ASSERT_TRUE(SelectCodePage(936));
+  SelectRegistryFile(registry);
+  EXPECT_EQ(SystemPlatform()->ini_files->Read(ini, "S", "K", ""), "\xD6\xD0");
+  EXPECT_EQ(SystemPlatform()->registry->Read("S", "K"), std::string("\xD6\xD0", 3));
+  ASSERT_TRUE(SelectCodePage(before));
+  EXPECT_EQ(SystemPlatform()->ini_files->Read(ini, "S", "K", ""),
+            SystemPlatform()->code_page->Encode(u"\u4e2d"));
 }
 
 // Seconds since the epoch of a local time.
