@@ -9,14 +9,18 @@ allowed='
 runtime:
 members: runtime
 platform: runtime
-platform/posix: runtime platform
+platform/posix: runtime platform platform/posix/ado
+platform/posix/ado: runtime platform platform/posix platform/posix/ado/odbc
+platform/posix/ado/odbc: runtime platform/posix/ado
+platform/posix/ado/jet: runtime platform/posix platform/posix/ado
+platform/posix/ado/dbf: runtime platform/posix platform/posix/ado
 frame: runtime members platform
 convert: runtime members platform frame
 text: runtime members platform frame
 crypto: runtime members platform frame convert
 env: runtime members platform frame convert
 db: runtime members platform frame
-invoke: runtime members frame
+invoke: runtime members platform frame
 cli: runtime members platform platform/posix frame invoke
 '
 

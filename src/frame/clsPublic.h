@@ -25,6 +25,14 @@ namespace vandpublic {
 
 struct Platform;
 
+// Objects of platform/database.h.
+class Connection;
+class Recordset;
+class Field;
+using ConnectionRef = std::shared_ptr<Connection>;
+using RecordsetRef = std::shared_ptr<Recordset>;
+using FieldRef = std::shared_ptr<Field>;
+
 // Any 32-bit value is valid in these types; the members say what they do.
 enum enumDebugMode : Long {
   DEBUG_MODE_OFF = 0,
@@ -82,6 +90,15 @@ class VANDPUBLIC_API clsPublic {
   // Raises: iint_Len is negative: plain fault 5.
   String FstrFmtToSpecLen(const String& istr_Source, Integer iint_Len);
 
+  // Opens the connection on an ODBC data source. The values go into the connection string untrimmed
+  // and unquoted.
+  // Raises 0x80040025 (clsCommon.OpenConnAsSQLDNS): The connection is not set, or the provider
+  // reports an error.
+  // After a failure: The connection object is as the failed Open left it.
+  bool OpenConnAsSQLDNS(ConnectionRef& adoConn, const String& sDsn, const String& sDatabaseName,
+                        const String& sUserid, const String& sPwd,
+                        OptionalRef<String> rstr_ErrDesc = u"");
+
   // Copies iint_DataLen bytes from subscript iint_SrcSub of abyt_Src on to subscript rvar_DesSub of
   // abyt_Dest on, one by one upwards, also when both are one array. rvar_DesSub ends just past the
   // last byte written; iint_SrcSub stays. A length of 0 or less copies nothing. Subscripts are
@@ -98,6 +115,35 @@ class VANDPUBLIC_API clsPublic {
   // ibln_VbNullStringIsNull is not set.
   bool FstrIsNullExt(const String& istr_Source, bool ibln_VbNullStringIsNull = true,
                      bool ibln_SpaceIsNull = true);
+
+  // Opens the connection on a Jet database file. Path and password are trimmed.
+  // Raises 0x80040026 (clsCommon.OpenConnAsMDB): The connection is not set, the path is blank, no
+  // such file exists, or the provider reports an error.
+  // Messages: "Connection object not set yet.", "MDB file path not provided.", "File name not
+  // provided.", "MDB file not found.".
+  // After a failure: The connection object is as the failed Open left it.
+  bool OpenConnAsMDB(ConnectionRef& DB_Conn, const String& istr_MDBPath,
+                     const String& istr_Password = u"", OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Opens the connection on a folder of FoxPro or dBASE tables. The folder is trimmed.
+  // Raises 0x80040027 (clsCommon.OpenConnAsFoxpro): The connection is not set, the folder is blank
+  // or not there, or the provider reports an error.
+  // Messages: "Connection object not set yet.", "DBF file directory not provided.", "DBF file not
+  // found.".
+  // After a failure: The connection object is as the failed Open left it.
+  bool OpenConnAsFoxpro(ConnectionRef& DB_Conn, const String& istr_DBFDirectory,
+                        OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Opens the recordset on the statement over the connection, with a client-side cursor and the
+  // lock type given.
+  // Raises 0x80040024 (clsCommon.OpenADORecordSet): The connection or the recordset is not set, or
+  // the provider reports an error.
+  // Messages: "Connection object not set yet.", "Recordset object not set yet.".
+  // After a failure: Properties of the recordset that were set stay set.
+  bool OpenADORecordSet(ConnectionRef& adoConn, RecordsetRef& adoRecSet,
+                        const String& adoSelectString,
+                        OptionalRef<LockTypeEnum> adoLockType = adLockReadOnly,
+                        OptionalRef<String> rstr_ErrDesc = u"");
 
   // Decides whether a typed character code may stay; a rejected one becomes 0. Backspace (8) always
   // stays. Mode 0 keeps 0 and 1; mode 1 the digits; mode 2 hexadecimal digits, turning a to f into
@@ -190,6 +236,25 @@ class VANDPUBLIC_API clsPublic {
                    OptionalRef<bool> ibln_PromptOverRide = false,
                    OptionalRef<String> rstr_ErrDesc = u"");
 
+  // Stores a byte array in a binary column, in chunks of 5120 bytes. The caller updates the row. A
+  // byte count that is a multiple of 5120 is stored whole and returns False.
+  // After a failure: False is returned; chunks already appended stay.
+  bool ArrayToColumn(FieldRef& Col, Variant& Ary);
+
+  // The content of a binary column as a byte array with subscripts from 1; a single zero byte at
+  // subscript 0 for an empty column.
+  // After a failure: The null value is returned, or the array as far as it was filled.
+  Variant ColumnToArray(FieldRef& Col);
+
+  // Stores a file, or its first First_X_Bytes bytes, in a binary column, in chunks of 5120 bytes.
+  // An empty file is not transferred.
+  // After a failure: False is returned; chunks already appended stay.
+  bool FileToColumn(FieldRef& Col, String& DiskFile, OptionalRef<Long> First_X_Bytes = 0);
+
+  // Writes a binary column to a file, replacing an existing one.
+  // After a failure: False is returned; the old file is already gone.
+  bool ColumnToFile(FieldRef& Col, String& DiskFile);
+
   // The whole content of a text file, line ends included, read in the ANSI code page.
   // Raises 0x80040005 (clsCommon.TextRWRead): The path is blank or names no file; the file cannot
   // be opened or read.
@@ -260,11 +325,51 @@ class VANDPUBLIC_API clsPublic {
                          bool ibln_LeftPad = true, const String& istr_PadWith = u"0",
                          bool ibln_InByteText = false);
 
+  // Writes one value to an initialisation file; creates the file, not its folder.
+  // Raises 0x80040015 (clsCommon.SaveSettingToIni): A name is blank, or the file cannot be written.
+  // Messages: "File name not provided.", "Section name not provided.", "Key name not provided.",
+  // "Failed to save setting into .ini file!".
+  void SaveSettingToIni(const String& istr_IniFileName, const String& istr_Section,
+                        const String& istr_Key, const String& istr_Value);
+
+  // Reads one value from an initialisation file, or the default when it is not there; cut to 255
+  // bytes, then trimmed.
+  // Raises 0x80040014 (clsCommon.GetSettingFromIni): A name is blank.
+  // Messages: "File name not provided.", "Section name not provided.", "Key name not provided.".
+  String GetSettingFromIni(const String& istr_IniFileName, const String& istr_Section,
+                           const String& istr_Key, const String& istr_Default = u"");
+
+  // Reads one value below HKEY_LOCAL_MACHINE. A text comes back with its terminating zero
+  // character; a missing value is "", whatever the default.
+  // Raises 0x80040016 (clsCommon.GetSettingFromReg): A name is blank.
+  // Messages: "Section name not provided.", "Key name not provided.".
+  String GetSettingFromReg(const String& istr_Section, const String& istr_Key,
+                           const String& istr_Default = u"");
+
   // The text with every single quote doubled.
   String EncodeStrSQL(const String& istr_Source);
 
   // The text with every pair of single quotes replaced by one, from the left.
   String DecodeStrSQL(const String& istr_Source);
+
+  // Reads one column of the first row that up to three conditions select; "" when no row matches.
+  // Names and values go into the statement as they are: double the quotes of a text with
+  // EncodeStrSQL first.
+  // Raises 0x80040016 (clsCommon.SelectField): The connection is not set, or the provider rejects
+  // the statement.
+  // After a failure: rstr_ReturnValue keeps its value.
+  bool SelectField(ConnectionRef& DB_Connection, const String& istr_ReturnField,
+                   Variant& rstr_ReturnValue, OptionalRef<String> istr_Table = u"",
+                   OptionalRef<String> istr_FieldName1 = u"",
+                   OptionalRef<String> istr_FieldValue1 = u"",
+                   OptionalRef<bool> ibln_FieldIsStr1 = true,
+                   OptionalRef<String> istr_FieldName2 = u"",
+                   OptionalRef<String> istr_FieldValue2 = u"",
+                   OptionalRef<bool> ibln_FieldIsStr2 = true,
+                   OptionalRef<String> istr_FieldName3 = u"",
+                   OptionalRef<String> istr_FieldValue3 = u"",
+                   OptionalRef<bool> ibln_FieldIsStr3 = true,
+                   OptionalRef<String> rstr_ErrDesc = u"");
 
   // The bytes from subscript 0 on as display text: two hexadecimal digits (or decimal digits, when
   // ibln_HexStr is False) and a blank each, CR LF after every iint_CntPerLine bytes. iint_DispNum
@@ -379,6 +484,21 @@ class VANDPUBLIC_API clsPublic {
 
   // The text without ideographic spaces (U+3000), blanks and CR LF pairs. istr_Source itself stays.
   String FstrRidOfEmpty(String& istr_Source);
+
+  // The system's library folder, without a final separator.
+  // Raises 0x80040021 (clsCommon.SystemDirectory): The system does not tell.
+  // Messages: "Call API not get correct System Dir information !".
+  String SystemDirectory();
+
+  // The operating system's folder, without a final separator.
+  // Raises 0x80040022 (clsCommon.WindowsDirectory): The system does not tell.
+  // Messages: "Call API not get correct Windows Dir information !".
+  String WindowsDirectory();
+
+  // The computer's network name, up to the first dot.
+  // Raises 0x80040023 (clsCommon.ComputerName): The system does not tell.
+  // Messages: "Call API not get correct Computer Name information !".
+  String ComputerName();
 
   // DES encipherment (FIPS 46-3, ECB) of bytes 0 to iint_SrcLen - 1 under key bytes 0 to 7 into the
   // same bytes of abyt_Result, which the caller dimensions and which may be abyt_Source. True.

@@ -83,8 +83,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Opens the connection on an ODBC data source. The values go into the connection "
              "string untrimmed and unquoted.",
      .raises = "The connection is not set, or the provider reports an error.",
-     .leaves = "The connection object is as the failed Open left it.",
-     .available = false},
+     .leaves = "The connection object is as the failed Open left it."},
     // Slot 6
     {.name = "CpyByteArray",
      .parameters = {Ref("abyt_Dest", ByteArray), Ref("abyt_Src", ByteArray),
@@ -117,8 +116,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Opens the connection on a Jet database file. Path and password are trimmed.",
      .raises = "The connection is not set, the path is blank, no such file exists, or the "
                "provider reports an error.",
-     .leaves = "The connection object is as the failed Open left it.",
-     .available = false},
+     .leaves = "The connection object is as the failed Open left it."},
     // Slot 9
     {.name = "OpenConnAsFoxpro",
      .parameters = {Ref("DB_Conn", Connection), In("istr_DBFDirectory", String), ErrDesc()},
@@ -129,8 +127,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Opens the connection on a folder of FoxPro or dBASE tables. The folder is trimmed.",
      .raises = "The connection is not set, the folder is blank or not there, or the provider "
                "reports an error.",
-     .leaves = "The connection object is as the failed Open left it.",
-     .available = false},
+     .leaves = "The connection object is as the failed Open left it."},
     // Slot 10
     {.name = "OpenADORecordSet",
      .parameters = {Ref("adoConn", Connection), Ref("adoRecSet", Recordset),
@@ -143,8 +140,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Opens the recordset on the statement over the connection, with a client-side cursor "
              "and the lock type given.",
      .raises = "The connection or the recordset is not set, or the provider reports an error.",
-     .leaves = "Properties of the recordset that were set stay set.",
-     .available = false},
+     .leaves = "Properties of the recordset that were set stay set."},
     // Slot 11
     {.name = "FilterInput",
      .parameters = {Ref("rint_KeyAscii", Integer), In("enm_InputMode", InputMode, Number(1))},
@@ -282,8 +278,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = FailureStyle::Swallow,
      .does = "Stores a byte array in a binary column, in chunks of 5120 bytes. The caller updates "
              "the row. A byte count that is a multiple of 5120 is stored whole and returns False.",
-     .leaves = "False is returned; chunks already appended stay.",
-     .available = false},
+     .leaves = "False is returned; chunks already appended stay."},
     // Slot 29
     {.name = "ColumnToArray",
      .parameters = {Ref("Col", Field)},
@@ -291,8 +286,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = FailureStyle::Swallow,
      .does = "The content of a binary column as a byte array with subscripts from 1; a single "
              "zero byte at subscript 0 for an empty column.",
-     .leaves = "The null value is returned, or the array as far as it was filled.",
-     .available = false},
+     .leaves = "The null value is returned, or the array as far as it was filled."},
     // Slot 30
     {.name = "FileToColumn",
      .parameters = {Ref("Col", Field), Ref("DiskFile", String),
@@ -301,16 +295,14 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = FailureStyle::Swallow,
      .does = "Stores a file, or its first First_X_Bytes bytes, in a binary column, in chunks of "
              "5120 bytes. An empty file is not transferred.",
-     .leaves = "False is returned; chunks already appended stay.",
-     .available = false},
+     .leaves = "False is returned; chunks already appended stay."},
     // Slot 31
     {.name = "ColumnToFile",
      .parameters = {Ref("Col", Field), Ref("DiskFile", String)},
      .result = Boolean,
      .failure = FailureStyle::Swallow,
      .does = "Writes a binary column to a file, replacing an existing one.",
-     .leaves = "False is returned; the old file is already gone.",
-     .available = false},
+     .leaves = "False is returned; the old file is already gone."},
     // Slot 32
     {.name = "TextRWRead",
      .parameters = {In("istr_FilePath", String), ErrDesc()},
@@ -446,8 +438,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x15,
      .messages = {kFileNameMissing, kSectionMissing, kKeyMissing, kIniSaveFailed},
      .does = "Writes one value to an initialisation file; creates the file, not its folder.",
-     .raises = "A name is blank, or the file cannot be written.",
-     .available = false},
+     .raises = "A name is blank, or the file cannot be written."},
     // Slot 44
     {.name = "GetSettingFromIni",
      .parameters = {In("istr_IniFileName", String), In("istr_Section", String),
@@ -458,8 +449,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .messages = {kFileNameMissing, kSectionMissing, kKeyMissing},
      .does = "Reads one value from an initialisation file, or the default when it is not there; "
              "cut to 255 bytes, then trimmed.",
-     .raises = "A name is blank.",
-     .available = false},
+     .raises = "A name is blank."},
     // Slot 45
     {.name = "GetSettingFromReg",
      .parameters = {In("istr_Section", String), In("istr_Key", String),
@@ -470,8 +460,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .messages = {kSectionMissing, kKeyMissing},
      .does = "Reads one value below HKEY_LOCAL_MACHINE. A text comes back with its terminating "
              "zero character; a missing value is \"\", whatever the default.",
-     .raises = "A name is blank.",
-     .available = false},
+     .raises = "A name is blank."},
     // Slot 46
     {.name = "EncodeStrSQL",
      .parameters = {In("istr_Source", String)},
@@ -499,8 +488,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "row matches. Names and values go into the statement as they are: double the quotes "
              "of a text with EncodeStrSQL first.",
      .raises = "The connection is not set, or the provider rejects the statement.",
-     .leaves = "rstr_ReturnValue keeps its value.",
-     .available = false},
+     .leaves = "rstr_ReturnValue keeps its value."},
     // Slot 49
     {.name = "DispBytes",
      .parameters = {Ref("arr_Bytes", ByteArray), In("iint_DispNum", Integer, Number(0)),
@@ -678,8 +666,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x21,
      .messages = {kNoSystemDirectory},
      .does = "The system's library folder, without a final separator.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 65
     {.name = "WindowsDirectory",
      .result = String,
@@ -687,8 +674,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x22,
      .messages = {kNoWindowsDirectory},
      .does = "The operating system's folder, without a final separator.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 66
     {.name = "ComputerName",
      .result = String,
@@ -696,8 +682,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x23,
      .messages = {kNoComputerName},
      .does = "The computer's network name, up to the first dot.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 67
     {.name = "DES",
      .parameters = {Ref("abyt_Key", ByteArray), Ref("abyt_Source", ByteArray),

@@ -1,6 +1,8 @@
 // The stand-ins' behaviour.
 #include "support/fake_platform.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "platform/posix/code_pages.h"
@@ -18,11 +20,17 @@ int FakeMessageBoxes::Show(std::u16string_view text, std::u16string_view title, 
 
 class FakeOutputFile final : public OutputFile {
  public:
-  FakeOutputFile(FakeFiles& files, std::u16string path) : files_(files), path_(std::move(path)) {}
+  FakeOutputFile(FakeFiles& files, std::u16string path, OpenMode mode)
+      : files_(files), path_(std::move(path)) {
+    if (mode == OpenMode::Binary) position_ = 0;
+  }
 
   void Write(std::string_view bytes) override {
     files_.Count(FakeFiles::kWrite);
-    files_.contents[path_] += bytes;
+    std::string& content = files_.contents[path_];
+    const std::size_t start = std::min(position_.value_or(content.size()), content.size());
+    content.replace(start, bytes.size(), bytes);
+    if (position_) *position_ += bytes.size();
   }
   void Close() override {
     files_.Count(FakeFiles::kClose);
@@ -33,6 +41,28 @@ class FakeOutputFile final : public OutputFile {
  private:
   FakeFiles& files_;
   std::u16string path_;
+  std::optional<std::size_t> position_;  // none: at the end
+};
+
+class FakeInputFile final : public InputFile {
+ public:
+  FakeInputFile(FakeFiles& files, std::u16string path) : files_(files), path_(std::move(path)) {}
+  ~FakeInputFile() override { files_.closed.push_back(path_); }
+
+  std::int64_t Size() override { return std::ssize(files_.contents[path_]); }
+  std::size_t Read(std::span<Byte> bytes) override {
+    files_.Count(FakeFiles::kRead);
+    const std::string_view rest = std::string_view(files_.contents[path_]).substr(position_);
+    const std::size_t count = std::min(rest.size(), bytes.size());
+    std::copy_n(rest.begin(), count, bytes.begin());
+    position_ += count;
+    return count;
+  }
+
+ private:
+  FakeFiles& files_;
+  std::u16string path_;
+  std::size_t position_ = 0;
 };
 
 std::unique_ptr<OutputFile> FakeFiles::Open(std::u16string_view path, OpenMode mode) {
@@ -41,7 +71,7 @@ std::unique_ptr<OutputFile> FakeFiles::Open(std::u16string_view path, OpenMode m
   opened.emplace_back(path);
   std::string& content = contents[std::u16string(path)];
   if (mode == OpenMode::Output) content.clear();
-  return std::make_unique<FakeOutputFile>(*this, std::u16string(path));
+  return std::make_unique<FakeOutputFile>(*this, std::u16string(path), mode);
 }
 
 std::string FakeFiles::ReadAll(std::u16string_view path) {
@@ -53,7 +83,21 @@ std::string FakeFiles::ReadAll(std::u16string_view path) {
   return file->second;
 }
 
+std::unique_ptr<InputFile> FakeFiles::OpenToRead(std::u16string_view path) {
+  ReadAll(path);  // the same faults, and noted alike
+  return std::make_unique<FakeInputFile>(*this, std::u16string(path));
+}
+
+void FakeFiles::DeleteIfThere(std::u16string_view path) {
+  const auto file = contents.find(path);
+  if (file != contents.end()) contents.erase(file);
+}
+
 bool FakeFiles::FindsNormalFile(std::u16string_view path) { return contents.contains(path); }
+
+bool FakeFiles::FindsFileOrFolder(std::u16string_view path) {
+  return contents.contains(path) || folders.contains(path);
+}
 
 void FakeFiles::Fail(Step step, int call, FaultNumber fault) { failures_[step] = {call, fault}; }
 
@@ -74,6 +118,7 @@ std::shared_ptr<const Platform> FakePlatform::Make() const {
   platform->clock = clock;
   platform->code_page = FindCodePage(code_page);
   platform->files = files;
+  platform->database = database;
   platform->message_boxes = message_boxes;
   platform->random = random;
   platform->regexp = regexp;

@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -49,15 +50,22 @@ class FakeFiles final : public Files {
   std::unique_ptr<OutputFile> Open(std::u16string_view path, OpenMode mode) override;
   // Fault 53 for a path that is not among the contents.
   std::string ReadAll(std::u16string_view path) override;
+  std::unique_ptr<InputFile> OpenToRead(std::u16string_view path) override;
+  void DeleteIfThere(std::u16string_view path) override;
   bool FindsNormalFile(std::u16string_view path) override;
+  // True for the contents and the folders.
+  bool FindsFileOrFolder(std::u16string_view path) override;
 
   // The n-th call from now on, counted from 1 over all files, raises the fault instead. ReadAll
-  // counts as an open.
+  // and OpenToRead count as an open.
   void FailOpen(int call, FaultNumber fault) { Fail(kOpen, call, fault); }
   void FailWrite(int call, FaultNumber fault) { Fail(kWrite, call, fault); }
   void FailClose(int call, FaultNumber fault) { Fail(kClose, call, fault); }
+  // Of files opened by OpenToRead.
+  void FailRead(int call, FaultNumber fault) { Fail(kRead, call, fault); }
 
   std::map<std::u16string, std::string, std::less<>> contents;
+  std::set<std::u16string, std::less<>> folders;
   // Paths in the order of the calls.
   std::vector<std::u16string> opened;
   std::vector<std::u16string> closed;
@@ -67,7 +75,8 @@ class FakeFiles final : public Files {
 
  private:
   friend class FakeOutputFile;
-  enum Step { kOpen, kWrite, kClose, kStepCount };
+  friend class FakeInputFile;
+  enum Step { kOpen, kWrite, kClose, kRead, kStepCount };
   struct PlannedFailure {
     int calls_left = 0;  // 0: none is planned
     FaultNumber fault = FaultNumber::InternalError;
@@ -94,6 +103,7 @@ class FakeRandom final : public RandomSource {
 struct FakePlatform {
   std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
   std::shared_ptr<FakeFiles> files = std::make_shared<FakeFiles>();
+  std::shared_ptr<DatabaseObjects> database;
   std::shared_ptr<FakeMessageBoxes> message_boxes = std::make_shared<FakeMessageBoxes>();
   std::shared_ptr<FakeRandom> random = std::make_shared<FakeRandom>();
   std::shared_ptr<RegExpEngine> regexp;  // none unless the test sets one
