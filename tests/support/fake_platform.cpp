@@ -121,6 +121,7 @@ std::shared_ptr<const Platform> FakePlatform::Make() const {
   platform->database = database;
   platform->message_boxes = message_boxes;
   platform->random = random;
+  platform->regexp = regexp;
   platform->component_folder = component_folder;
   return platform;
 }

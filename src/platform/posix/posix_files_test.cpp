@@ -282,6 +282,62 @@ TEST_F(PosixFilesTest, A_file_larger_than_allowed_is_fault_61) {
   EXPECT_EQ(folder_.Read("f"), "1234") << "what fits is written";
 }
 
+TEST_F(PosixFilesTest, ReadAll_gives_every_byte) {
+  std::string bytes(3'000'000, 'x');
+  bytes[1] = '\0';
+  bytes[2] = '\xFF';
+  folder_.Write("f", bytes);
+  EXPECT_EQ(files_.ReadAll(folder_.Inside("f")), bytes);
+  folder_.Write("empty", "");
+  EXPECT_EQ(files_.ReadAll(folder_.Inside("empty")), "");
+  folder_.Write(".hidden", "h");
+  EXPECT_EQ(files_.ReadAll(folder_.Inside(".hidden")), "h");
+}
+
+TEST_F(PosixFilesTest, ReadAll_reads_what_may_not_be_written) {
+  folder_.Write("f", "old");
+  ASSERT_EQ(chmod((folder_.path() / "f").c_str(), 0444), 0);
+  EXPECT_EQ(files_.ReadAll(folder_.Inside("f")), "old");
+}
+
+TEST_F(PosixFilesTest, ReadAll_raises_what_opening_raises) {
+  fs::create_directory(folder_.path() / "sub");
+  folder_.Write("f", "old");
+  ASSERT_EQ(mkfifo((folder_.path() / "pipe").c_str(), 0600), 0);
+  struct Case {
+    std::u16string path;
+    FaultNumber fault;
+  };
+  const Case cases[] = {
+      {folder_.Inside("missing"), FaultNumber::FileNotFound},
+      {folder_.Inside("missing/f"), FaultNumber::PathNotFound},
+      {folder_.Inside("f/g"), FaultNumber::PathNotFound},
+      {folder_.Inside("sub"), FaultNumber::PathFileAccessError},
+      {folder_.Inside("pipe"), FaultNumber::PathFileAccessError},
+      {u"/dev/null", FaultNumber::PathFileAccessError},
+      {u"", FaultNumber::PathFileAccessError},
+      {folder_.Inside("*"), FaultNumber::BadFileName},
+      {folder_.Inside(std::string(300, 'x')), FaultNumber::BadFileName},
+      {folder_.Inside("f") + u'\0', FaultNumber::BadFileName},
+  };
+  const int before = OpenDescriptors();
+  for (const Case& one : cases)
+    EXPECT_EQ(RaisedBy([&] { files_.ReadAll(one.path); }), PlainFault(one.fault));
+  EXPECT_EQ(OpenDescriptors(), before);
+}
+
+TEST_F(PosixFilesTest, FindsNormalFile_looks_up_names_and_patterns) {
+  fs::create_directory(folder_.path() / "sub");
+  folder_.Write("sub/file.txt", "");
+  EXPECT_TRUE(files_.FindsNormalFile(folder_.Inside("sub\\file.txt")));
+  EXPECT_TRUE(files_.FindsNormalFile(folder_.Inside("sub\\*.txt")));
+  EXPECT_TRUE(files_.FindsNormalFile(folder_.Inside("sub\\")));
+  EXPECT_FALSE(files_.FindsNormalFile(folder_.Inside("sub")));
+  EXPECT_FALSE(files_.FindsNormalFile(folder_.Inside("*")));
+  EXPECT_EQ(RaisedBy([&] { files_.FindsNormalFile(std::u16string(1, u'\0')); }),
+            PlainFault(FaultNumber::BadFileName));
+}
+
 TEST_F(PosixFilesTest, Closing_and_forgetting_a_file_give_the_handle_back) {
   const int before = OpenDescriptors();
   for (int i = 0; i < 3; ++i) {
