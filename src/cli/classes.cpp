@@ -3,6 +3,8 @@
 
 #include "cli/json_text.h"
 #include "cli/suggestion.h"
+#include "platform/database.h"
+#include "runtime/errors.h"
 
 namespace vandpublic {
 namespace {
@@ -15,18 +17,10 @@ NamedValue MakeComponent(const PlatformRef& platform) {
   return made;
 }
 
-NamedValue Holding(ObjectRef object) {
-  NamedValue made;
-  made.value = std::move(object);
-  return made;
-}
-
-NamedValue MakeAdoConnection(const PlatformRef& platform) {
-  return Holding(platform->database->MakeConnection());
-}
-
-NamedValue MakeAdoRecordset(const PlatformRef& platform) {
-  return Holding(platform->database->MakeRecordset());
+template <auto kMake>
+NamedValue MakeDatabaseObject(const PlatformRef& platform) {
+  if (platform->database == nullptr) RaiseFault(FaultNumber::CannotCreateObject);
+  return {InterfaceType::Connection, Variant(ObjectRef(((*platform->database).*kMake)()))};
 }
 
 struct CreatableClass {
@@ -36,8 +30,8 @@ struct CreatableClass {
 
 constexpr CreatableClass kClasses[] = {
     {kComponentClass, &MakeComponent},
-    {"ADODB.Connection", &MakeAdoConnection},
-    {"ADODB.Recordset", &MakeAdoRecordset},
+    {"ADODB.Connection", &MakeDatabaseObject<&DatabaseObjects::MakeConnection>},
+    {"ADODB.Recordset", &MakeDatabaseObject<&DatabaseObjects::MakeRecordset>},
 };
 
 }  // namespace

@@ -13,7 +13,7 @@ namespace vandpublic {
 inline constexpr std::string_view kComponentClass = "Public_Module.clsPublic";
 
 // A new object of the class, its name compared without regard to case. Raises ProtocolError for an
-// unknown class and for one that this build does not have, AutomationError when making it fails.
+// unknown class, AutomationError when making the object fails.
 NamedValue CreateObject(std::string_view class_name,
                         const std::shared_ptr<const Platform>& platform);
 

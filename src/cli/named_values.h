@@ -14,7 +14,8 @@
 namespace vandpublic {
 
 struct NamedValue {
-  // A variable keeps its type: what is written to it is converted.
+  // A variable keeps its type: what is written to it is converted. Objects of all classes have one
+  // type here, Connection.
   InterfaceType type = InterfaceType::Variant;
   Variant value = {};
   // Set for a clsPublic object, which is no value that could be passed to a member.

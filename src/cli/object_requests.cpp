@@ -20,6 +20,7 @@ const NamedValue& FindVariable(const NamedValues& names, const std::string& name
 
 Variant TakeValue(const Json& json, const NamedValues& names) {
   if (const std::string* name = VariableName(json)) return FindVariable(names, *name).value;
+  if (IsMissing(json)) return {};
   return DecodeVariant(json);
 }
 

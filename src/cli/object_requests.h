@@ -13,8 +13,8 @@
 namespace vandpublic {
 
 // `args` is null or an array of values as DecodeVariant takes them, {"var":NAME} of a variable
-// that is defined, or at the end {"missing":true}. Raises ProtocolError for other arguments and
-// what the object raises.
+// that is defined, or {"missing":true}: an empty variant, or nothing at the end. Raises
+// ProtocolError for other arguments and what the object raises.
 Variant GetFromObject(Object& object, std::string_view name, const Json& args,
                       const NamedValues& names);
 

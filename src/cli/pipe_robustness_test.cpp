@@ -32,6 +32,10 @@ const std::vector<std::string> kRequests = {
     R"({"new":"Public_Module.clsPublic","as":"o"})",
     R"({"id":[1,{"x":2.50}],"on":"o","set":"DebugMode","value":"DEBUG_MODE_OFF"})",
     R"({"on":"o","get":"LogFileFullName","as":"p"})",
+    R"({"new":"ADODB.Recordset","as":"r"})",
+    R"({"on":"r","get":"Fields","args":["Name",{"missing":true}],"as":"f"})",
+    R"({"on":"r","set":"LockType","value":3})",
+    R"({"on":"r","member":"Move","args":[1,{"missing":true},{"var":"v"}]})",
     R"({"set":"LogFilePath","value":"/d\u00e9/\ud83d\ude00"})",
 };
 

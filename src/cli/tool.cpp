@@ -55,11 +55,9 @@ std::shared_ptr<const Platform> ChosenPlatform(const CommandLine& line) {
   const auto wanted = line.Value("--codepage");
   if (!wanted) return SystemPlatform();
   const auto number = ParseDecimal(*wanted);
-  if (!number || !SelectCodePage(*number)) {
-    throw UsageError("there is no code page '" + *wanted +
-                     "'; there are 874, 932, 936, 949, 950 and 1250 to 1258");
-  }
-  return SystemPlatform();
+  if (number && SelectCodePage(*number)) return SystemPlatform();
+  throw UsageError("there is no code page '" + *wanted +
+                   "'; there are 874, 932, 936, 949, 950 and 1250 to 1258");
 }
 
 int RunTool(std::span<const char* const> arguments) {

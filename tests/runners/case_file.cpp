@@ -52,11 +52,14 @@ std::vector<std::string> ReadTexts(const Json& list) {
 }
 
 void ReadSkipping(const Json& json, Case& made) {
-  if (json.contains("only")) made.surfaces = ReadTexts(json["only"]);
+  if (json.contains("only")) {
+    made.surfaces = ReadTexts(json["only"]);
+    made.skip_reason = "runs elsewhere only";
+  }
   if (json.contains("skip")) made.skip_reason = json["skip"].get<std::string>();
   if (json.contains("reason")) made.skip_reason = json["reason"].get<std::string>();
   const bool skips = json.contains("only") || json.contains("skip");
-  Require(skips == !made.skip_reason.empty(), "what is skipped needs a reason");
+  Require(skips == !made.skip_reason.empty(), "a reason and skipping go together");
 }
 
 Case ReadCase(const Json& json, int code_page) {

@@ -57,7 +57,7 @@ TEST(CaseFile, refuses_a_name_used_twice_and_skipping_without_a_reason) {
   EXPECT_NE(Problem(R"({"cases":[{"name":"n","steps":[{"show":"a"}]},)"
                     R"({"name":"n","steps":[{"show":"a"}]}]})"),
             "");
-  EXPECT_NE(CaseProblem(R"("steps":[{"show":"a"}],"only":["cpp"])"), "");
+  EXPECT_NE(CaseProblem(R"("steps":[{"show":"a"}],"reason":"r")"), "");
   EXPECT_NE(CaseProblem(R"("steps":[{"show":"a"}],"skip":"")"), "");
 }
 

@@ -2,7 +2,7 @@
 #include <stdexcept>
 
 #include "cli/pipe_session.h"
-#include "platform/posix/code_pages.h"
+#include "platform/host_settings.h"
 #include "runners/surface.h"
 #include "runtime/utf8.h"
 
@@ -10,10 +10,8 @@ namespace vandpublic {
 namespace {
 
 std::shared_ptr<const Platform> PlatformWith(int code_page) {
-  auto platform = std::make_shared<Platform>(*SystemPlatform());
-  platform->code_page = FindCodePage(code_page);
-  if (platform->code_page == nullptr) throw std::runtime_error("no such code page");
-  return platform;
+  if (!SelectCodePage(code_page)) throw std::runtime_error("no such code page");
+  return SystemPlatform();
 }
 
 class CppSurface final : public Surface {
