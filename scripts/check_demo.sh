@@ -13,6 +13,9 @@ expect() {
 }
 expect '-> result   = "7F 1D 0A 77 82 6B 8A FF "'
 expect '-> result   = "01 23 45 67 89 AB CD E7 "'
+expect '-> abyt_DivKey = "63 FA F3 6D 19 57 1F CE 77 08 74 48 62 9E BC 92 "'
+expect '-> rabyt_MAC = "E9 08 62 30 "'
+expect '-> restored = "user=7;pin=1234"'
 expect '0x8004001C'
 expect 'clsCommon.FstrDES3'
 expect 'VandPublic.clsCommon.FillByteArrWithHexStr'
