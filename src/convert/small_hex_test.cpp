@@ -98,8 +98,7 @@ TEST_F(SmallHexTest, FillByteArrWithHexStr) {
   for (const std::u16string& text : texts_) {
     ByteArray array = ByteArray::WithBounds(0, 1);
     String digits = text;
-    const auto raised =
-        RaisedBy([&] { object_.FillByteArrWithHexStr(array, digits, Integer{0}); });
+    const auto raised = RaisedBy([&] { object_.FillByteArrWithHexStr(array, digits, Integer{0}); });
     std::u16string wanted = WithoutBlanks(text);
     if (Only(wanted, u"9Fa") && wanted.size() % 2 != 0) wanted.insert(0, 1, u'0');
     EXPECT_EQ(digits, String(wanted)) << Codes(text);

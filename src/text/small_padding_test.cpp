@@ -14,8 +14,8 @@ constexpr std::u16string_view kPads[] = {u" ", u"0", u"\u4e2dx"};
 constexpr Integer kLongest = 6;
 
 // Position `at` of the padded text, counted from the side that is cut or filled.
-char16_t Expected(const std::u16string& text, std::size_t length, std::u16string_view pad, bool left,
-                  std::size_t at) {
+char16_t Expected(const std::u16string& text, std::size_t length, std::u16string_view pad,
+                  bool left, std::size_t at) {
   if (!left) return at < text.size() ? text[at] : pad.front();
   const std::size_t from_end = length - at;
   return from_end <= text.size() ? text[text.size() - from_end] : pad.front();
@@ -41,7 +41,8 @@ TEST(SmallPadding, Every_text_at_every_length) {
         ExpectPadded(object.FstrPadLeft(text, length, pad), text, length, pad, true);
         ExpectPadded(object.FstrPadRight(text, length, pad), text, length, pad, false);
         ExpectPadded(object.FstrPadToSpecLen(text, length, pad, LEFTPAD), text, length, pad, true);
-        ExpectPadded(object.FstrPadToSpecLen(text, length, pad, RIGHTPAD), text, length, pad, false);
+        ExpectPadded(object.FstrPadToSpecLen(text, length, pad, RIGHTPAD), text, length, pad,
+                     false);
         if (HasFatalFailure()) return;
       }
     }
