@@ -151,6 +151,31 @@ class VANDPUBLIC_API clsPublic {
   // Raises: The code is outside 0 to 255, in any mode: plain fault 5.
   void FilterInput(Integer& rint_KeyAscii, enumInputMode enm_InputMode = INPUT_MODE_DECIMAL);
 
+  // Appends the text and a line end (CR LF) to the file. A missing file is created first, with an
+  // empty line in front. The trimmed path is looked up, the path as given is opened.
+  // Raises 0x80040007 (clsCommon.AppendText): The path is blank; the file cannot be created, opened
+  // or written.
+  // Messages: "File path not provided.".
+  // After a failure: A file that was created stays.
+  bool AppendText(const String& istr_Path, const String& istr_Text,
+                  OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Whether the regular expression matches anywhere in the source.
+  // Raises 0x80040001 (clsCommon.RegExpTest): The pattern is not valid, or the match takes too many
+  // steps.
+  bool RegExpTest(const String& istr_Source, const String& istr_Pattern, bool ibln_Globle = true,
+                  bool ibln_IgnorseCase = true, bool ibln_Multiline = false,
+                  OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The source with every match (the first only, when ibln_Globle is False) replaced. The
+  // replacement may hold $1 to $99, $&, $`, $' and $$.
+  // Raises 0x80040002 (clsCommon.RegExpReplace): The pattern is not valid, or the match takes too
+  // many steps.
+  String RegExpReplace(const String& istr_Source, const String& istr_Pattern,
+                       const String& istr_RepWith, bool ibln_Globle = true,
+                       bool ibln_IgnorseCase = true, bool ibln_Multiline = false,
+                       OptionalRef<String> rstr_ErrDesc = u"");
+
   // The client's application folder, empty until Init or a write sets it.
   String AppPath() const;
 
@@ -202,6 +227,15 @@ class VANDPUBLIC_API clsPublic {
   // Messages: "Invalid input dimension.".
   Long ArraySize(Variant& iavar_Array, Integer iint_Dimension = 1);
 
+  // Replaces the file's content with the text and a line end (CR LF). With ibln_PromptOverRide a
+  // question is asked first, whether or not the file exists; No leaves everything as it is.
+  // Raises 0x80040006 (clsCommon.TextRWWrite): The path is blank; the file cannot be created,
+  // opened or written.
+  // Messages: "File path not provided.".
+  void TextRWWrite(String& istr_FilePath, String& istr_Printed,
+                   OptionalRef<bool> ibln_PromptOverRide = false,
+                   OptionalRef<String> rstr_ErrDesc = u"");
+
   // Stores a byte array in a binary column, in chunks of 5120 bytes. The caller updates the row. A
   // byte count that is a multiple of 5120 is stored whole and returns False.
   // After a failure: False is returned; chunks already appended stay.
@@ -220,6 +254,12 @@ class VANDPUBLIC_API clsPublic {
   // Writes a binary column to a file, replacing an existing one.
   // After a failure: False is returned; the old file is already gone.
   bool ColumnToFile(FieldRef& Col, String& DiskFile);
+
+  // The whole content of a text file, line ends included, read in the ANSI code page.
+  // Raises 0x80040005 (clsCommon.TextRWRead): The path is blank or names no file; the file cannot
+  // be opened or read.
+  // Messages: "File path not provided.".
+  String TextRWRead(const String& istr_FilePath, OptionalRef<String> rstr_ErrDesc = u"");
 
   // The text's bytes as hexadecimal digits: the low byte of each character or, with
   // ibln_InByteText, every storage byte.
@@ -284,6 +324,27 @@ class VANDPUBLIC_API clsPublic {
   String HexToMsgFmtText(const String& istr_HexChr, Integer iint_TextLen = 0,
                          bool ibln_LeftPad = true, const String& istr_PadWith = u"0",
                          bool ibln_InByteText = false);
+
+  // Writes one value to an initialisation file; creates the file, not its folder.
+  // Raises 0x80040015 (clsCommon.SaveSettingToIni): A name is blank, or the file cannot be written.
+  // Messages: "File name not provided.", "Section name not provided.", "Key name not provided.",
+  // "Failed to save setting into .ini file!".
+  void SaveSettingToIni(const String& istr_IniFileName, const String& istr_Section,
+                        const String& istr_Key, const String& istr_Value);
+
+  // Reads one value from an initialisation file, or the default when it is not there; cut to 255
+  // bytes, then trimmed.
+  // Raises 0x80040014 (clsCommon.GetSettingFromIni): A name is blank.
+  // Messages: "File name not provided.", "Section name not provided.", "Key name not provided.".
+  String GetSettingFromIni(const String& istr_IniFileName, const String& istr_Section,
+                           const String& istr_Key, const String& istr_Default = u"");
+
+  // Reads one value below HKEY_LOCAL_MACHINE. A text comes back with its terminating zero
+  // character; a missing value is "", whatever the default.
+  // Raises 0x80040016 (clsCommon.GetSettingFromReg): A name is blank.
+  // Messages: "Section name not provided.", "Key name not provided.".
+  String GetSettingFromReg(const String& istr_Section, const String& istr_Key,
+                           const String& istr_Default = u"");
 
   // The text with every single quote doubled.
   String EncodeStrSQL(const String& istr_Source);
@@ -423,6 +484,21 @@ class VANDPUBLIC_API clsPublic {
 
   // The text without ideographic spaces (U+3000), blanks and CR LF pairs. istr_Source itself stays.
   String FstrRidOfEmpty(String& istr_Source);
+
+  // The system's library folder, without a final separator.
+  // Raises 0x80040021 (clsCommon.SystemDirectory): The system does not tell.
+  // Messages: "Call API not get correct System Dir information !".
+  String SystemDirectory();
+
+  // The operating system's folder, without a final separator.
+  // Raises 0x80040022 (clsCommon.WindowsDirectory): The system does not tell.
+  // Messages: "Call API not get correct Windows Dir information !".
+  String WindowsDirectory();
+
+  // The computer's network name, up to the first dot.
+  // Raises 0x80040023 (clsCommon.ComputerName): The system does not tell.
+  // Messages: "Call API not get correct Computer Name information !".
+  String ComputerName();
 
   // DES encipherment (FIPS 46-3, ECB) of bytes 0 to iint_SrcLen - 1 under key bytes 0 to 7 into the
   // same bytes of abyt_Result, which the caller dimensions and which may be abyt_Source. True.

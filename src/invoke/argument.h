@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 #include "platform/database.h"
 #include "runtime/coerce.h"
@@ -107,7 +108,8 @@ class RefArgument {
   RefArgument(const RefArgument&) = delete;
   RefArgument& operator=(const RefArgument&) = delete;
   ~RefArgument() {
-    if (exact_ == nullptr && !(converted_ == before_)) variable_ = Stored<T>(converted_);
+    // Moved, so that nothing is allocated where nothing may be thrown.
+    if (exact_ == nullptr && !(converted_ == before_)) variable_ = Stored<T>(std::move(converted_));
   }
 
   T& Get() noexcept { return exact_ != nullptr ? *exact_ : converted_; }

@@ -159,8 +159,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "first, with an empty line in front. The trimmed path is looked up, the path as "
              "given is opened.",
      .raises = "The path is blank; the file cannot be created, opened or written.",
-     .leaves = "A file that was created stays.",
-     .available = false},
+     .leaves = "A file that was created stays."},
     // Slot 13
     {.name = "RegExpTest",
      .parameters = {In("istr_Source", String), In("istr_Pattern", String),
@@ -171,8 +170,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = kRaise,
      .code = 0x01,
      .does = "Whether the regular expression matches anywhere in the source.",
-     .raises = "The pattern is not valid, or the match takes too many steps.",
-     .available = false},
+     .raises = "The pattern is not valid, or the match takes too many steps."},
     // Slot 14
     {.name = "RegExpReplace",
      .parameters = {In("istr_Source", String), In("istr_Pattern", String),
@@ -184,8 +182,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x02,
      .does = "The source with every match (the first only, when ibln_Globle is False) replaced. "
              "The replacement may hold $1 to $99, $&, $`, $' and $$.",
-     .raises = "The pattern is not valid, or the match takes too many steps.",
-     .available = false},
+     .raises = "The pattern is not valid, or the match takes too many steps."},
     // Slot 15
     {.name = "AppPath",
      .kind = kGet,
@@ -273,8 +270,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Replaces the file's content with the text and a line end (CR LF). With "
              "ibln_PromptOverRide a question is asked first, whether or not the file exists; No "
              "leaves everything as it is.",
-     .raises = "The path is blank; the file cannot be created, opened or written.",
-     .available = false},
+     .raises = "The path is blank; the file cannot be created, opened or written."},
     // Slot 28
     {.name = "ArrayToColumn",
      .parameters = {Ref("Col", Field), Ref("Ary", Variant)},
@@ -315,8 +311,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x05,
      .messages = {kFilePathMissing},
      .does = "The whole content of a text file, line ends included, read in the ANSI code page.",
-     .raises = "The path is blank or names no file; the file cannot be opened or read.",
-     .available = false},
+     .raises = "The path is blank or names no file; the file cannot be opened or read."},
     // Slot 33
     {.name = "MsgFmtTextToHex",
      .parameters = {In("istr_MsgFmtText", String), In("ibln_InByteText", Boolean, Truth(false))},
@@ -443,8 +438,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x15,
      .messages = {kFileNameMissing, kSectionMissing, kKeyMissing, kIniSaveFailed},
      .does = "Writes one value to an initialisation file; creates the file, not its folder.",
-     .raises = "A name is blank, or the file cannot be written.",
-     .available = false},
+     .raises = "A name is blank, or the file cannot be written."},
     // Slot 44
     {.name = "GetSettingFromIni",
      .parameters = {In("istr_IniFileName", String), In("istr_Section", String),
@@ -455,8 +449,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .messages = {kFileNameMissing, kSectionMissing, kKeyMissing},
      .does = "Reads one value from an initialisation file, or the default when it is not there; "
              "cut to 255 bytes, then trimmed.",
-     .raises = "A name is blank.",
-     .available = false},
+     .raises = "A name is blank."},
     // Slot 45
     {.name = "GetSettingFromReg",
      .parameters = {In("istr_Section", String), In("istr_Key", String),
@@ -467,8 +460,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .messages = {kSectionMissing, kKeyMissing},
      .does = "Reads one value below HKEY_LOCAL_MACHINE. A text comes back with its terminating "
              "zero character; a missing value is \"\", whatever the default.",
-     .raises = "A name is blank.",
-     .available = false},
+     .raises = "A name is blank."},
     // Slot 46
     {.name = "EncodeStrSQL",
      .parameters = {In("istr_Source", String)},
@@ -674,8 +666,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x21,
      .messages = {kNoSystemDirectory},
      .does = "The system's library folder, without a final separator.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 65
     {.name = "WindowsDirectory",
      .result = String,
@@ -683,8 +674,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x22,
      .messages = {kNoWindowsDirectory},
      .does = "The operating system's folder, without a final separator.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 66
     {.name = "ComputerName",
      .result = String,
@@ -692,8 +682,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x23,
      .messages = {kNoComputerName},
      .does = "The computer's network name, up to the first dot.",
-     .raises = "The system does not tell.",
-     .available = false},
+     .raises = "The system does not tell."},
     // Slot 67
     {.name = "DES",
      .parameters = {Ref("abyt_Key", ByteArray), Ref("abyt_Source", ByteArray),

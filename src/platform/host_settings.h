@@ -4,6 +4,9 @@
 #define VANDPUBLIC_PLATFORM_HOST_SETTINGS_H
 
 #include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
 
 #include "runtime/basic_types.h"
 
@@ -19,6 +22,19 @@ VANDPUBLIC_API void SeedRandom(std::uint64_t seed);
 // False, and nothing changed, for any other number and for a page that the system has no
 // converter for.
 VANDPUBLIC_API bool SelectCodePage(int number);
+
+// Reads the registry values of objects created from now on from another file than the system's,
+// /etc/vandpublic/registry.reg. After SelectCodePage it must be set again.
+VANDPUBLIC_API void SelectRegistryFile(const std::string& path);
+
+// Shows a message box: the text, the title and the style 48 (an OK box) or 324 (a question with
+// Yes and No); returns the button, 1 OK, 6 Yes or 7 No.
+using MessageBoxHandler =
+    std::function<int(std::u16string_view text, std::u16string_view title, int style)>;
+
+// Has the boxes of objects created from now on shown by the host; an empty handler gives them back
+// to the desktop. The handler is called on the thread of the member that asks.
+VANDPUBLIC_API void SetMessageBoxHandler(MessageBoxHandler handler);
 
 }  // namespace vandpublic
 

@@ -4,14 +4,10 @@
 namespace vandpublic {
 namespace {
 
-constexpr int kOk = 1;
-constexpr int kNo = 7;
-constexpr int kQuestion = 324;  // Yes and No, No being the default
-
 class UnseenMessageBoxes final : public MessageBoxes {
  public:
   int Show(std::u16string_view, std::u16string_view, int style) override {
-    return style == kQuestion ? kNo : kOk;
+    return style == kBoxYesNoQuestionDefaultNo ? kBoxAnswerNo : kBoxAnswerOk;
   }
 };
 

@@ -31,6 +31,12 @@ void TempFolder::Write(std::string_view name, std::string_view bytes) const {
   if (!file.flush()) throw std::runtime_error("cannot write a test file");
 }
 
+std::string TempFolder::WriteScript(std::string_view name, std::string_view commands) const {
+  Write(name, std::string("#!/bin/sh\nPATH=/usr/bin:/bin\n").append(commands).append("\n"));
+  std::filesystem::permissions(path_ / name, std::filesystem::perms::owner_all);
+  return (path_ / name).string();
+}
+
 std::string TempFolder::Read(std::string_view name) const {
   std::ifstream file(path_ / name, std::ios::binary);
   if (!file) return "<none>";

@@ -21,6 +21,8 @@ class TempFolder {
   std::u16string Inside(std::string_view name) const;
 
   void Write(std::string_view name, std::string_view bytes) const;
+  // Writes an executable script for /bin/sh that finds the usual tools. Its path.
+  std::string WriteScript(std::string_view name, std::string_view commands) const;
   // The bytes of a file, or "<none>" when there is no such file.
   std::string Read(std::string_view name) const;
 

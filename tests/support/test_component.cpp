@@ -1,6 +1,7 @@
 // The helpers of the member tests.
 #include "support/test_component.h"
 
+#include <cstdio>
 #include <ostream>
 #include <stdexcept>
 
@@ -76,6 +77,17 @@ std::string Hex(const ByteArray& bytes) {
     text += kDigits[value & 15];
   }
   return text;
+}
+
+std::string Codes(const String& text) {
+  std::string codes;
+  for (const char16_t c : text.view()) {
+    char buffer[12];
+    std::snprintf(buffer, sizeof buffer, codes.empty() ? "%02X" : ".%02X",
+                  static_cast<unsigned>(c));
+    codes += buffer;
+  }
+  return codes;
 }
 
 ByteArray FromHex(std::string_view digits, Long lower) {

@@ -60,7 +60,9 @@ Raised RaisedBy(Work work) {
 
 // The elements as "0A BC FF", "" when there are none.
 std::string Hex(const ByteArray& bytes);
-// The way back: digits in either case, blanks ignored.
+// The codes of a text's characters as "41.20AC.00".
+std::string Codes(const String& text);
+// The way back of Hex: digits in either case, blanks ignored.
 ByteArray FromHex(std::string_view digits, Long lower = 0);
 // Bytes start, start + 1, ..., with the given lower bound.
 ByteArray Counting(std::size_t count, Long lower = 0, int start = 0);

@@ -21,6 +21,7 @@ class Descriptor {
     if (value_ >= 0) close(value_);
   }
 
+  explicit operator bool() const noexcept { return value_ >= 0; }
   int get() const noexcept { return value_; }
   // Gives the descriptor to the caller, who closes it or leaves it open.
   int Release() noexcept { return std::exchange(value_, -1); }
