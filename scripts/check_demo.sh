@@ -9,7 +9,7 @@ transcript=$(build/release/bin/demo "$folder")
 printf '%s\n' "$transcript"
 
 expect() {
-  printf '%s\n' "$transcript" | grep -qF "$1" || { echo "missing in the transcript: $1"; exit 1; }
+  printf '%s\n' "$transcript" | grep -qF -- "$1" || { echo "missing in the transcript: $1"; exit 1; }
 }
 expect '-> result   = "7F 1D 0A 77 82 6B 8A FF "'
 expect '-> result   = "01 23 45 67 89 AB CD E7 "'

@@ -5,7 +5,7 @@ set -eu
 cd "$(dirname "$0")/.."
 scripts/setup.sh build test
 cmake --preset release >/dev/null
-cmake --build --preset release --target demo vandpublic-cli -- --quiet
+cmake --build --preset release --target demo -- --quiet
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 mkdir "$folder/LOG"

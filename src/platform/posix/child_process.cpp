@@ -3,7 +3,7 @@
 #include "platform/posix/child_process.h"
 
 #include <fcntl.h>
-#include <signal.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): sigset_t is POSIX
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/stat.h>

@@ -6,7 +6,7 @@
 #include "platform/posix/dialog_programs.h"
 
 #include <langinfo.h>
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is POSIX
 
 #include <string_view>
 #include <vector>

@@ -1,0 +1,125 @@
+// What the tool offers, in the words of its help texts.
+#include "cli/command_line.h"
+
+namespace vandpublic {
+namespace {
+
+constexpr Option kToolOptions[] = {
+    {"--codepage", "N", "ANSI code page 874, 932, 936, 949, 950, 1250-1258 (default: by locale)"},
+    {"--help", "", "this text, or that of a command"},
+    {"--version", "", "the version"},
+};
+
+constexpr Option kCallOptions[] = {
+    {"--refs", "", "show what the member wrote to its by-reference parameters"},
+    {"--json", "", "print the reply object of the pipe instead"},
+    {"--app-path", "DIR", "call Init with this folder first"},
+    {"--debug-mode", "N", "set DebugMode: a number, or a name like DEBUG_MODE_OFF"},
+    {"--log-path", "DIR", "set LogFilePath (default: LOG in the tool's folder)"},
+    {"--log-name", "NAME", "set LogFileName (default: ERROR.log)"},
+};
+
+constexpr Option kMembersOptions[] = {
+    {"--json", "", "print the table as JSON"},
+};
+
+constexpr std::string_view kToolExamples = R"(  vandpublic call IsHex 1F
+  vandpublic members HexToDec
+  echo '{"member":"HexToDec","args":["FF"]}' | vandpublic pipe
+)";
+
+constexpr std::string_view kToolNotes = R"(Exit status:
+  0  done
+  1  the member failed
+  2  the command line is wrong, or reading or writing failed
+
+)";
+
+constexpr std::string_view kCallExamples = R"(  vandpublic call HexToDec ff
+  vandpublic call BitToHex ibyt_Bit3=1
+  vandpublic call FstrDES3 @key.txt 0123456789ABCDEF
+  vandpublic call DES 133457799BBCDFF1 0123456789ABCDEF 8 :8 --refs
+)";
+
+constexpr std::string_view kCallNotes =
+    R"(A value alone is for the first parameter that has none yet; what is optional can be left out.
+Their form follows the parameter's type:
+
+  text         as it is, in UTF-8; nothing is escaped
+  number       decimal
+  Boolean      True, False, -1, 1 or 0
+  enumeration  a number or a name (LEFTPAD)
+  byte array   hexadecimal digits in either case, blanks allowed; "" is an array that is not
+               dimensioned; :N are N zero bytes, the way to give a result its size; where two
+               dimensions are wanted :RxC are R rows of C zero bytes
+  variant      a text; json:VALUE for anything else, as the pipe takes it: json:{"vt":2,"value":5}
+  error object {"Number":5,"Source":"S","Description":"D"}
+  any object   "" for one that is not set; objects themselves need the pipe
+
+@FILE takes the value from a file and @- from standard input, less one line end: a command line
+can be seen by others, so keys belong there. @@TEXT is the text @TEXT.
+Write -- in front of values that start with "-" and are no numbers.
+
+The result goes to standard output: texts as they are, byte arrays in hexadecimal, Booleans as
+True or False. Text that UTF-8 cannot hold is shown as utf16le: and its bytes in hexadecimal.
+A failure is one line on standard error: number, source, description.
+
+Exit status: 0 done, 1 the member failed, 2 the command line is wrong.
+
+)";
+
+constexpr std::string_view kPipeExamples =
+    R"(  echo '{"member":"IsHex","args":["1F"]}' | vandpublic pipe
+  vandpublic pipe --codepage 936 <requests >replies
+)";
+
+constexpr std::string_view kPipeNotes =
+    R"(Every line of standard input is one JSON request and gets one line of JSON in reply:
+
+  {"member":"HexToDec","args":["FF"]}             {"result":255,"refs":{}}
+  {"member":"HexToDec","args":["G"]}              {"error":{"number":...},"refs":{}}
+  {"set":"LogFilePath","value":"/var/log/app"}    {"result":null}
+  {"get":"DebugMode"}                             {"result":1}
+  {"let":"a","type":"ByteArray","value":{"bytes":"0A"}}, {"show":"a"}, {"drop":"a"}
+  {"new":"Public_Module.clsPublic","as":"other"}, then "on":"other" in other requests
+
+An "id" is echoed unchanged. A line that is no request is answered with "protocol_error". A line
+may have 64 MB, 64 levels and 10000 values.
+
+Exit status: 0 at the end of input, 2 when reading or writing fails or the command line is wrong.
+
+)";
+
+constexpr std::string_view kMembersExamples = R"(  vandpublic members
+  vandpublic members FstrDES3
+  vandpublic members --json
+)";
+
+constexpr std::string_view kMembersNotes =
+    R"(Lists all members in the order of the interface; "-" marks those that this build does not have.
+With a name, tells everything about one member.
+
+Exit status: 0 done, 2 no such member.
+
+)";
+
+constexpr Command kCommands[] = {
+    {"", "VandPublic: conversions, ciphers, settings, files and databases in one component.",
+     "COMMAND [ARGUMENT...]", kToolExamples, kToolNotes, kToolOptions},
+    {"call", "Calls one member.", "call [OPTION...] MEMBER [VALUE | NAME=VALUE]...", kCallExamples,
+     kCallNotes, kCallOptions},
+    {"pipe",
+     "Calls members from any language: JSON lines in, JSON lines out.",
+     "pipe [OPTION...]",
+     kPipeExamples,
+     kPipeNotes,
+     {}},
+    {"members", "Lists the members, or describes one.", "members [OPTION...] [MEMBER]",
+     kMembersExamples, kMembersNotes, kMembersOptions},
+};
+
+}  // namespace
+
+std::span<const Command> Commands() noexcept { return kCommands; }
+
+}  // namespace vandpublic
