@@ -10,7 +10,8 @@ namespace vandpublic::ado {
 namespace {
 
 constexpr std::chrono::sys_days kDayZero{std::chrono::year{1899} / 12 / 30};
-constexpr double kMicrosecondsPerDay = 86400e6;
+// A date holds no more than milliseconds in the years to 9999.
+constexpr std::int64_t kMillisecondsPerDay = 86'400'000;
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 
