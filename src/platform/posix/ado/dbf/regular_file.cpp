@@ -38,6 +38,11 @@ RegularFile::RegularFile(std::string path, FileAccess access)
   struct stat status {};
   if (fstat(descriptor_.get(), &status) != 0) RaiseDbfSystemError(errno, Name());
   if (!S_ISREG(status.st_mode)) RaiseNotATable(Name(), "it is no regular file");
+  // Read-only for everybody, the superuser included, as everywhere in this component.
+  constexpr mode_t kAnyWrite = 0222;
+  if (access == FileAccess::ReadAndWrite && (status.st_mode & kAnyWrite) == 0) {
+    RaiseDbfSystemError(EACCES, Name());
+  }
 }
 
 std::string_view RegularFile::Name() const noexcept {

@@ -15,8 +15,8 @@ enum class FileAccess { Read, ReadAndWrite };
 
 class RegularFile {
  public:
-  // Permission denied, or another system error, for a file that cannot be opened so; what is no
-  // regular file is "Not a table.".
+  // Permission denied, or another system error, for a file that cannot be opened so, or written
+  // though nobody has the permission to; what is no regular file is "Not a table.".
   RegularFile(std::string path, FileAccess access);
 
   // Without the folder.
