@@ -10,7 +10,8 @@ runtime:
 members: runtime
 platform: runtime
 platform/posix: runtime platform platform/posix/ado
-platform/posix/ado: runtime platform platform/posix
+platform/posix/ado: runtime platform platform/posix platform/posix/ado/odbc platform/posix/ado/jet platform/posix/ado/dbf
+platform/posix/ado/odbc: runtime platform/posix/ado
 platform/posix/ado/sql: runtime platform platform/posix platform/posix/ado
 platform/posix/ado/jet: runtime platform platform/posix platform/posix/ado platform/posix/ado/sql
 platform/posix/ado/dbf: runtime platform platform/posix platform/posix/ado platform/posix/ado/sql
@@ -20,13 +21,14 @@ text: runtime members platform frame
 crypto: runtime members platform frame convert
 env: runtime members platform frame convert
 db: runtime members platform frame
-invoke: runtime members frame
+invoke: runtime members platform frame
 cli: runtime members platform platform/posix frame invoke
 '
 
 find . -name '*.h' -o -name '*.cpp' -o -name '*.inc' | sed 's|^\./||' | sort | while read -r file; do
   folder=$(dirname "$file")
   rule=$(printf '%s\n' "$allowed" | sed -n "s|^$folder:||p")
+  case "$file" in *_test.cpp) rule="$rule support" ;; esac  # tests/support
   grep -o '^#include "[^"]*/[^"]*"' "$file" | cut -d'"' -f2 | while read -r included; do
     target=$(dirname "$included")
     case " $folder $rule " in

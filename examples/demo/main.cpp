@@ -24,7 +24,7 @@ String Encipher(clsPublic& component, String key, String data) {
   std::cout << "FstrDES3(istr_Key, istr_Src, iDataLen)   two-key triple DES\n";
   Show("istr_Key", key);
   Show("istr_Src", data);
-  const String result = component.FstrDES3(key, data, length);
+  String result = component.FstrDES3(key, data, length);
   Show("-> result  ", result);
   std::cout << "    -> iDataLen   = " << length << "   (by reference: the bytes enciphered)\n\n";
   return result;

@@ -35,7 +35,7 @@ class KeyChain {
 
   // The next key of the series into row j of the table.
   void WriteNext(ByteTable& keys, Long j) {
-    Step(k_, p1_);
+    Step(k_, t_);
     for (Long i = 0; i < kHalfSize; ++i)
       p1_.At(i) = k_.At(i) ^ t_.At(i);
     Step(p1_, p2_);

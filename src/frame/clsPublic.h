@@ -25,6 +25,14 @@ namespace vandpublic {
 
 struct Platform;
 
+// Objects of platform/database.h.
+class Connection;
+class Recordset;
+class Field;
+using ConnectionRef = std::shared_ptr<Connection>;
+using RecordsetRef = std::shared_ptr<Recordset>;
+using FieldRef = std::shared_ptr<Field>;
+
 // Any 32-bit value is valid in these types; the members say what they do.
 enum enumDebugMode : Long {
   DEBUG_MODE_OFF = 0,
@@ -82,6 +90,15 @@ class VANDPUBLIC_API clsPublic {
   // Raises: iint_Len is negative: plain fault 5.
   String FstrFmtToSpecLen(const String& istr_Source, Integer iint_Len);
 
+  // Opens the connection on an ODBC data source. The values go into the connection string untrimmed
+  // and unquoted.
+  // Raises 0x80040025 (clsCommon.OpenConnAsSQLDNS): The connection is not set, or the provider
+  // reports an error.
+  // After a failure: The connection object is as the failed Open left it.
+  bool OpenConnAsSQLDNS(ConnectionRef& adoConn, const String& sDsn, const String& sDatabaseName,
+                        const String& sUserid, const String& sPwd,
+                        OptionalRef<String> rstr_ErrDesc = u"");
+
   // Copies iint_DataLen bytes from subscript iint_SrcSub of abyt_Src on to subscript rvar_DesSub of
   // abyt_Dest on, one by one upwards, also when both are one array. rvar_DesSub ends just past the
   // last byte written; iint_SrcSub stays. A length of 0 or less copies nothing. Subscripts are
@@ -99,11 +116,65 @@ class VANDPUBLIC_API clsPublic {
   bool FstrIsNullExt(const String& istr_Source, bool ibln_VbNullStringIsNull = true,
                      bool ibln_SpaceIsNull = true);
 
+  // Opens the connection on a Jet database file. Path and password are trimmed.
+  // Raises 0x80040026 (clsCommon.OpenConnAsMDB): The connection is not set, the path is blank, no
+  // such file exists, or the provider reports an error.
+  // Messages: "Connection object not set yet.", "MDB file path not provided.", "File name not
+  // provided.", "MDB file not found.".
+  // After a failure: The connection object is as the failed Open left it.
+  bool OpenConnAsMDB(ConnectionRef& DB_Conn, const String& istr_MDBPath,
+                     const String& istr_Password = u"", OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Opens the connection on a folder of FoxPro or dBASE tables. The folder is trimmed.
+  // Raises 0x80040027 (clsCommon.OpenConnAsFoxpro): The connection is not set, the folder is blank
+  // or not there, or the provider reports an error.
+  // Messages: "Connection object not set yet.", "DBF file directory not provided.", "DBF file not
+  // found.".
+  // After a failure: The connection object is as the failed Open left it.
+  bool OpenConnAsFoxpro(ConnectionRef& DB_Conn, const String& istr_DBFDirectory,
+                        OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Opens the recordset on the statement over the connection, with a client-side cursor and the
+  // lock type given.
+  // Raises 0x80040024 (clsCommon.OpenADORecordSet): The connection or the recordset is not set, or
+  // the provider reports an error.
+  // Messages: "Connection object not set yet.", "Recordset object not set yet.".
+  // After a failure: Properties of the recordset that were set stay set.
+  bool OpenADORecordSet(ConnectionRef& adoConn, RecordsetRef& adoRecSet,
+                        const String& adoSelectString,
+                        OptionalRef<LockTypeEnum> adoLockType = adLockReadOnly,
+                        OptionalRef<String> rstr_ErrDesc = u"");
+
   // Decides whether a typed character code may stay; a rejected one becomes 0. Backspace (8) always
   // stays. Mode 0 keeps 0 and 1; mode 1 the digits; mode 2 hexadecimal digits, turning a to f into
   // A to F; other modes keep every code.
   // Raises: The code is outside 0 to 255, in any mode: plain fault 5.
   void FilterInput(Integer& rint_KeyAscii, enumInputMode enm_InputMode = INPUT_MODE_DECIMAL);
+
+  // Appends the text and a line end (CR LF) to the file. A missing file is created first, with an
+  // empty line in front. The trimmed path is looked up, the path as given is opened.
+  // Raises 0x80040007 (clsCommon.AppendText): The path is blank; the file cannot be created, opened
+  // or written.
+  // Messages: "File path not provided.".
+  // After a failure: A file that was created stays.
+  bool AppendText(const String& istr_Path, const String& istr_Text,
+                  OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Whether the regular expression matches anywhere in the source.
+  // Raises 0x80040001 (clsCommon.RegExpTest): The pattern is not valid, or the match takes too many
+  // steps.
+  bool RegExpTest(const String& istr_Source, const String& istr_Pattern, bool ibln_Globle = true,
+                  bool ibln_IgnorseCase = true, bool ibln_Multiline = false,
+                  OptionalRef<String> rstr_ErrDesc = u"");
+
+  // The source with every match (the first only, when ibln_Globle is False) replaced. The
+  // replacement may hold $1 to $99, $&, $`, $' and $$.
+  // Raises 0x80040002 (clsCommon.RegExpReplace): The pattern is not valid, or the match takes too
+  // many steps.
+  String RegExpReplace(const String& istr_Source, const String& istr_Pattern,
+                       const String& istr_RepWith, bool ibln_Globle = true,
+                       bool ibln_IgnorseCase = true, bool ibln_Multiline = false,
+                       OptionalRef<String> rstr_ErrDesc = u"");
 
   // The client's application folder, empty until Init or a write sets it.
   String AppPath() const;
@@ -155,6 +226,40 @@ class VANDPUBLIC_API clsPublic {
   // Raises 0x80040003 (clsCommon.ArraySize): iint_Dimension is below 1.
   // Messages: "Invalid input dimension.".
   Long ArraySize(Variant& iavar_Array, Integer iint_Dimension = 1);
+
+  // Replaces the file's content with the text and a line end (CR LF). With ibln_PromptOverRide a
+  // question is asked first, whether or not the file exists; No leaves everything as it is.
+  // Raises 0x80040006 (clsCommon.TextRWWrite): The path is blank; the file cannot be created,
+  // opened or written.
+  // Messages: "File path not provided.".
+  void TextRWWrite(String& istr_FilePath, String& istr_Printed,
+                   OptionalRef<bool> ibln_PromptOverRide = false,
+                   OptionalRef<String> rstr_ErrDesc = u"");
+
+  // Stores a byte array in a binary column, in chunks of 5120 bytes. The caller updates the row. A
+  // byte count that is a multiple of 5120 is stored whole and returns False.
+  // After a failure: False is returned; chunks already appended stay.
+  bool ArrayToColumn(FieldRef& Col, Variant& Ary);
+
+  // The content of a binary column as a byte array with subscripts from 1; a single zero byte at
+  // subscript 0 for an empty column.
+  // After a failure: The null value is returned, or the array as far as it was filled.
+  Variant ColumnToArray(FieldRef& Col);
+
+  // Stores a file, or its first First_X_Bytes bytes, in a binary column, in chunks of 5120 bytes.
+  // An empty file is not transferred.
+  // After a failure: False is returned; chunks already appended stay.
+  bool FileToColumn(FieldRef& Col, String& DiskFile, OptionalRef<Long> First_X_Bytes = 0);
+
+  // Writes a binary column to a file, replacing an existing one.
+  // After a failure: False is returned; the old file is already gone.
+  bool ColumnToFile(FieldRef& Col, String& DiskFile);
+
+  // The whole content of a text file, line ends included, read in the ANSI code page.
+  // Raises 0x80040005 (clsCommon.TextRWRead): The path is blank or names no file; the file cannot
+  // be opened or read.
+  // Messages: "File path not provided.".
+  String TextRWRead(const String& istr_FilePath, OptionalRef<String> rstr_ErrDesc = u"");
 
   // The text's bytes as hexadecimal digits: the low byte of each character or, with
   // ibln_InByteText, every storage byte.
@@ -225,6 +330,25 @@ class VANDPUBLIC_API clsPublic {
 
   // The text with every pair of single quotes replaced by one, from the left.
   String DecodeStrSQL(const String& istr_Source);
+
+  // Reads one column of the first row that up to three conditions select; "" when no row matches.
+  // Names and values go into the statement as they are: double the quotes of a text with
+  // EncodeStrSQL first.
+  // Raises 0x80040016 (clsCommon.SelectField): The connection is not set, or the provider rejects
+  // the statement.
+  // After a failure: rstr_ReturnValue keeps its value.
+  bool SelectField(ConnectionRef& DB_Connection, const String& istr_ReturnField,
+                   Variant& rstr_ReturnValue, OptionalRef<String> istr_Table = u"",
+                   OptionalRef<String> istr_FieldName1 = u"",
+                   OptionalRef<String> istr_FieldValue1 = u"",
+                   OptionalRef<bool> ibln_FieldIsStr1 = true,
+                   OptionalRef<String> istr_FieldName2 = u"",
+                   OptionalRef<String> istr_FieldValue2 = u"",
+                   OptionalRef<bool> ibln_FieldIsStr2 = true,
+                   OptionalRef<String> istr_FieldName3 = u"",
+                   OptionalRef<String> istr_FieldValue3 = u"",
+                   OptionalRef<bool> ibln_FieldIsStr3 = true,
+                   OptionalRef<String> rstr_ErrDesc = u"");
 
   // The bytes from subscript 0 on as display text: two hexadecimal digits (or decimal digits, when
   // ibln_HexStr is False) and a blank each, CR LF after every iint_CntPerLine bytes. iint_DispNum

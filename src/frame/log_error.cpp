@@ -10,7 +10,6 @@ namespace {
 
 constexpr Long kLogFileBit = 1;
 constexpr Long kMessageBoxBit = 2;
-constexpr int kExclamationStyle = 48;  // an OK button and the exclamation icon
 constexpr std::u16string_view kLineEnd = u"\r\n";
 constexpr std::u16string_view kUnknownError = u"Unknown error!";
 
@@ -88,7 +87,7 @@ void clsPublic::LogError(const String& istr_AppName, const String& istr_ModuleNa
       });
     }
     if ((DebugMode() & kMessageBoxBit) != 0) {
-      IgnoringErrors([&] { platform().message_boxes->Show(message, heading, kExclamationStyle); });
+      IgnoringErrors([&] { platform().message_boxes->Show(message, heading, kBoxOkExclamation); });
     }
     if (description.empty()) *irstr_ErrDesc = message;
   });

@@ -13,6 +13,7 @@
 #ifndef VANDPUBLIC_FRAME_TRAP_H
 #define VANDPUBLIC_FRAME_TRAP_H
 
+#include <concepts>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -46,7 +47,7 @@ auto Trapped(clsPublic& object, Member member, Work work) -> std::invoke_result_
 }
 
 // The same for a member that hands the description out in rstr_ErrDesc.
-template <class Work>
+template <std::invocable Work>
 auto Trapped(clsPublic& object, Member member, OptionalRef<String>& rstr_ErrDesc, Work work)
     -> std::invoke_result_t<Work> {
   try {
@@ -55,6 +56,20 @@ auto Trapped(clsPublic& object, Member member, OptionalRef<String>& rstr_ErrDesc
     HandleFailure(object, member, {}, &*rstr_ErrDesc);
   }
   return std::invoke_result_t<Work>();
+}
+
+// The same for a member whose work keeps a description of its own: what the work has put there by
+// the time an error strikes is logged and handed out, in place of a composed text.
+template <std::invocable<String&> Work>
+auto Trapped(clsPublic& object, Member member, OptionalRef<String>& rstr_ErrDesc, Work work)
+    -> std::invoke_result_t<Work, String&> {
+  String description;
+  try {
+    return work(description);
+  } catch (...) {
+    HandleFailure(object, member, description, &*rstr_ErrDesc);
+  }
+  return std::invoke_result_t<Work, String&>();
 }
 
 }  // namespace vandpublic

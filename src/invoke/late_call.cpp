@@ -47,7 +47,7 @@ Variant UnpackAndCall(clsPublic& object, auto method, Arguments arguments, Unpac
     return CallMethod<Result>([&]() -> Result { return (object.*method)(unpacked.Get()...); });
   } else {
     using Argument = typename ArgumentFor<std::tuple_element_t<kIndex, Parameters>>::Type;
-    Argument argument = Unpack<Argument>(*arguments[kIndex], kIndex);
+    auto argument = Unpack<Argument>(*arguments[kIndex], kIndex);
     return UnpackAndCall<Result, Parameters, kIndex + 1>(object, method, arguments, unpacked...,
                                                          argument);
   }

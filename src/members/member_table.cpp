@@ -83,8 +83,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Opens the connection on an ODBC data source. The values go into the connection "
              "string untrimmed and unquoted.",
      .raises = "The connection is not set, or the provider reports an error.",
-     .leaves = "The connection object is as the failed Open left it.",
-     .available = false},
+     .leaves = "The connection object is as the failed Open left it."},
     // Slot 6
     {.name = "CpyByteArray",
      .parameters = {Ref("abyt_Dest", ByteArray), Ref("abyt_Src", ByteArray),
@@ -117,8 +116,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Opens the connection on a Jet database file. Path and password are trimmed.",
      .raises = "The connection is not set, the path is blank, no such file exists, or the "
                "provider reports an error.",
-     .leaves = "The connection object is as the failed Open left it.",
-     .available = false},
+     .leaves = "The connection object is as the failed Open left it."},
     // Slot 9
     {.name = "OpenConnAsFoxpro",
      .parameters = {Ref("DB_Conn", Connection), In("istr_DBFDirectory", String), ErrDesc()},
@@ -129,8 +127,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Opens the connection on a folder of FoxPro or dBASE tables. The folder is trimmed.",
      .raises = "The connection is not set, the folder is blank or not there, or the provider "
                "reports an error.",
-     .leaves = "The connection object is as the failed Open left it.",
-     .available = false},
+     .leaves = "The connection object is as the failed Open left it."},
     // Slot 10
     {.name = "OpenADORecordSet",
      .parameters = {Ref("adoConn", Connection), Ref("adoRecSet", Recordset),
@@ -143,8 +140,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Opens the recordset on the statement over the connection, with a client-side cursor "
              "and the lock type given.",
      .raises = "The connection or the recordset is not set, or the provider reports an error.",
-     .leaves = "Properties of the recordset that were set stay set.",
-     .available = false},
+     .leaves = "Properties of the recordset that were set stay set."},
     // Slot 11
     {.name = "FilterInput",
      .parameters = {Ref("rint_KeyAscii", Integer), In("enm_InputMode", InputMode, Number(1))},
@@ -163,8 +159,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "first, with an empty line in front. The trimmed path is looked up, the path as "
              "given is opened.",
      .raises = "The path is blank; the file cannot be created, opened or written.",
-     .leaves = "A file that was created stays.",
-     .available = false},
+     .leaves = "A file that was created stays."},
     // Slot 13
     {.name = "RegExpTest",
      .parameters = {In("istr_Source", String), In("istr_Pattern", String),
@@ -175,8 +170,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = kRaise,
      .code = 0x01,
      .does = "Whether the regular expression matches anywhere in the source.",
-     .raises = "The pattern is not valid, or the match takes too many steps.",
-     .available = false},
+     .raises = "The pattern is not valid, or the match takes too many steps."},
     // Slot 14
     {.name = "RegExpReplace",
      .parameters = {In("istr_Source", String), In("istr_Pattern", String),
@@ -188,8 +182,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x02,
      .does = "The source with every match (the first only, when ibln_Globle is False) replaced. "
              "The replacement may hold $1 to $99, $&, $`, $' and $$.",
-     .raises = "The pattern is not valid, or the match takes too many steps.",
-     .available = false},
+     .raises = "The pattern is not valid, or the match takes too many steps."},
     // Slot 15
     {.name = "AppPath",
      .kind = kGet,
@@ -277,8 +270,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .does = "Replaces the file's content with the text and a line end (CR LF). With "
              "ibln_PromptOverRide a question is asked first, whether or not the file exists; No "
              "leaves everything as it is.",
-     .raises = "The path is blank; the file cannot be created, opened or written.",
-     .available = false},
+     .raises = "The path is blank; the file cannot be created, opened or written."},
     // Slot 28
     {.name = "ArrayToColumn",
      .parameters = {Ref("Col", Field), Ref("Ary", Variant)},
@@ -286,8 +278,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = FailureStyle::Swallow,
      .does = "Stores a byte array in a binary column, in chunks of 5120 bytes. The caller updates "
              "the row. A byte count that is a multiple of 5120 is stored whole and returns False.",
-     .leaves = "False is returned; chunks already appended stay.",
-     .available = false},
+     .leaves = "False is returned; chunks already appended stay."},
     // Slot 29
     {.name = "ColumnToArray",
      .parameters = {Ref("Col", Field)},
@@ -295,8 +286,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = FailureStyle::Swallow,
      .does = "The content of a binary column as a byte array with subscripts from 1; a single "
              "zero byte at subscript 0 for an empty column.",
-     .leaves = "The null value is returned, or the array as far as it was filled.",
-     .available = false},
+     .leaves = "The null value is returned, or the array as far as it was filled."},
     // Slot 30
     {.name = "FileToColumn",
      .parameters = {Ref("Col", Field), Ref("DiskFile", String),
@@ -305,16 +295,14 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .failure = FailureStyle::Swallow,
      .does = "Stores a file, or its first First_X_Bytes bytes, in a binary column, in chunks of "
              "5120 bytes. An empty file is not transferred.",
-     .leaves = "False is returned; chunks already appended stay.",
-     .available = false},
+     .leaves = "False is returned; chunks already appended stay."},
     // Slot 31
     {.name = "ColumnToFile",
      .parameters = {Ref("Col", Field), Ref("DiskFile", String)},
      .result = Boolean,
      .failure = FailureStyle::Swallow,
      .does = "Writes a binary column to a file, replacing an existing one.",
-     .leaves = "False is returned; the old file is already gone.",
-     .available = false},
+     .leaves = "False is returned; the old file is already gone."},
     // Slot 32
     {.name = "TextRWRead",
      .parameters = {In("istr_FilePath", String), ErrDesc()},
@@ -323,8 +311,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
      .code = 0x05,
      .messages = {kFilePathMissing},
      .does = "The whole content of a text file, line ends included, read in the ANSI code page.",
-     .raises = "The path is blank or names no file; the file cannot be opened or read.",
-     .available = false},
+     .raises = "The path is blank or names no file; the file cannot be opened or read."},
     // Slot 33
     {.name = "MsgFmtTextToHex",
      .parameters = {In("istr_MsgFmtText", String), In("ibln_InByteText", Boolean, Truth(false))},
@@ -504,8 +491,7 @@ constexpr std::array<MemberInfo, kSlotCount> kTable = {{
              "row matches. Names and values go into the statement as they are: double the quotes "
              "of a text with EncodeStrSQL first.",
      .raises = "The connection is not set, or the provider rejects the statement.",
-     .leaves = "rstr_ReturnValue keeps its value.",
-     .available = false},
+     .leaves = "rstr_ReturnValue keeps its value."},
     // Slot 49
     {.name = "DispBytes",
      .parameters = {Ref("arr_Bytes", ByteArray), In("iint_DispNum", Integer, Number(0)),

@@ -8,6 +8,7 @@
 
 #include "platform/clock.h"
 #include "platform/code_page.h"
+#include "platform/database.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/random.h"
@@ -20,6 +21,7 @@ struct Platform {
   std::shared_ptr<Clock> clock;
   std::shared_ptr<const CodePage> code_page;
   std::shared_ptr<Files> files;
+  std::shared_ptr<DatabaseObjects> database;
   std::shared_ptr<MessageBoxes> message_boxes;
   std::shared_ptr<RandomSource> random;
   std::shared_ptr<RegExpEngine> regexp;

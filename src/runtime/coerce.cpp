@@ -35,6 +35,13 @@ std::optional<double> ParseRadix(std::u16string_view digits, int radix) {
   return value;
 }
 
+// Of a number that from_chars finds out of range: whether it is too small rather than too large.
+bool IsTooSmall(std::string_view text) {
+  const std::size_t exponent = text.find_first_of("eE");
+  if (exponent != std::string_view::npos) return text.substr(exponent + 1).starts_with('-');
+  return text.substr(0, text.find('.')).find_first_of("123456789") == std::string_view::npos;
+}
+
 // True for what from_chars reads but a classic number is not: "inf", "nan" and the like.
 bool HasForeignLetter(std::string_view text) {
   return text.find_first_not_of("0123456789+-.eE") != std::string_view::npos;
@@ -77,6 +84,7 @@ T ToWhole(const Variant& value) {
 
 template <class Real>
 std::string RealText(Real value, int digits) {
+  if (value == 0) return "0";  // negative zero too
   char buffer[64];
   const auto end =
       std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, digits).ptr;
@@ -89,7 +97,7 @@ std::string RealText(Real value, int digits) {
 
 std::string CurrencyText(Currency value) {
   const bool negative = value.scaled < 0;
-  std::uint64_t magnitude = static_cast<std::uint64_t>(value.scaled);
+  auto magnitude = static_cast<std::uint64_t>(value.scaled);
   if (negative) magnitude = 0 - magnitude;
   std::string text = std::to_string(magnitude / 10000);
   std::string fraction = std::to_string(10000 + magnitude % 10000).substr(1);
@@ -98,25 +106,29 @@ std::string CurrencyText(Currency value) {
   return negative ? "-" + text : text;
 }
 
+// The years that a date can have, 100 to 9999.
+constexpr double kFirstDay = -657434;
+constexpr double kLastDay = 2958465;
+
 std::string TwoDigits(unsigned value) { return std::to_string(100 + value).substr(1); }
 
 std::string DateText(Date value) {
   using std::chrono::days;
   constexpr std::chrono::sys_days kEpoch{std::chrono::year{1899} / 12 / 30};
   // Before the epoch the fraction still counts forwards from the day's midnight.
-  const double day = std::trunc(value.days);
-  const double seconds = std::round(std::fabs(value.days - day) * kSecondsPerDay);
-  constexpr double kFarthestDay = 2958465;  // 31 December 9999
-  if (!(std::fabs(day) <= kFarthestDay)) RaiseFault(FaultNumber::Overflow);
-  auto moment = static_cast<long>(seconds);
-  const std::chrono::year_month_day date{
-      kEpoch + days{static_cast<long>(day) + moment / static_cast<long>(kSecondsPerDay)}};
-  moment %= static_cast<long>(kSecondsPerDay);
-  const auto part = static_cast<unsigned>(moment);
+  double day = std::trunc(value.days);
+  double seconds = std::round(std::fabs(value.days - day) * kSecondsPerDay);
+  if (seconds == kSecondsPerDay) {
+    day += 1;
+    seconds = 0;
+  }
+  if (!(day >= kFirstDay && day <= kLastDay)) RaiseFault(FaultNumber::Overflow);
+  const std::chrono::year_month_day date{kEpoch + days{static_cast<long>(day)}};
+  const auto moment = static_cast<unsigned>(seconds);
   const std::string year = std::to_string(10000 + static_cast<int>(date.year())).substr(1);
   return year + "-" + TwoDigits(static_cast<unsigned>(date.month())) + "-" +
-         TwoDigits(static_cast<unsigned>(date.day())) + " " + TwoDigits(part / 3600) + ":" +
-         TwoDigits(part / 60 % 60) + ":" + TwoDigits(part % 60);
+         TwoDigits(static_cast<unsigned>(date.day())) + " " + TwoDigits(moment / 3600) + ":" +
+         TwoDigits(moment / 60 % 60) + ":" + TwoDigits(moment % 60);
 }
 
 struct AsText {
@@ -162,6 +174,10 @@ struct AddOne {
   }
   Variant operator()(Date v) const { return Date{v.days + 1}; }
   Variant operator()(bool v) const { return static_cast<Integer>(v ? 0 : 1); }
+  Variant operator()(const Decimal& v) const {
+    if (auto next = v.PlusOne()) return *std::move(next);
+    return AsDouble{}(v) + 1;
+  }
   Variant operator()(Byte v) const { return Next<Byte, Integer>(v); }
   template <class Other>
   Variant operator()(const Other& v) const {
@@ -185,13 +201,19 @@ std::optional<double> ParseNumber(std::u16string_view text) {
   const char* const end = ascii.data() + ascii.size();
   double number = 0;
   const auto [stop, error] = std::from_chars(begin, end, number);
-  if (error == std::errc::result_out_of_range) RaiseFault(FaultNumber::Overflow);
-  if (error != std::errc{} || stop != end) return std::nullopt;
-  return number;
+  const bool out_of_range = error == std::errc::result_out_of_range;
+  if ((error != std::errc{} && !out_of_range) || stop != end) return std::nullopt;
+  if (!out_of_range) return number;
+  if (IsTooSmall(ascii)) return 0;
+  RaiseFault(FaultNumber::Overflow);
 }
 
 double ToDouble(const Variant& value) { return value.Visit(AsDouble{}); }
-Byte ToByte(const Variant& value) { return ToWhole<Byte>(value); }
+Byte ToByte(const Variant& value) {
+  // True is a pattern of ones; a byte keeps the eight that it has room for.
+  if (const auto* truth = value.Get<bool>()) return *truth ? 0xFF : 0;
+  return ToWhole<Byte>(value);
+}
 Integer ToInteger(const Variant& value) { return ToWhole<Integer>(value); }
 
 Long ToLong(const Variant& value) {

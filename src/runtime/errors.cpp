@@ -37,6 +37,8 @@ std::u16string_view FaultText(FaultNumber number) noexcept {
       return u"Subscript out of range";
     case FaultNumber::TypeMismatch:
       return u"Type mismatch";
+    case FaultNumber::OutOfStackSpace:
+      return u"Out of stack space";
     case FaultNumber::InternalError:
       return u"Internal error";
     case FaultNumber::BadFileName:

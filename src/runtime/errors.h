@@ -35,6 +35,7 @@ enum class FaultNumber : Long {
   OutOfMemory = 7,
   SubscriptOutOfRange = 9,
   TypeMismatch = 13,
+  OutOfStackSpace = 28,
   InternalError = 51,
   BadFileName = 52,
   FileNotFound = 53,

@@ -31,6 +31,11 @@ Variant ErrObject::Get(std::string_view name, std::span<const Variant> arguments
   return Object::Get(name, arguments);
 }
 
+void ErrObject::Set(std::string_view name, const Variant&) {
+  Get(name, {});  // what the object does not have is another fault
+  RaiseFault(FaultNumber::PropertyNotWritable);
+}
+
 Variant ErrObject::Call(std::string_view name, std::span<Variant> arguments) {
   if (!SameName(name, "Raise")) return Object::Call(name, arguments);
   const auto text = [&](std::size_t i, const std::u16string& otherwise) {

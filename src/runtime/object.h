@@ -36,8 +36,9 @@ class VANDPUBLIC_API ErrObject final : public Object {
   ErrObject(Long number, std::u16string source, std::u16string description);
 
   std::string_view ClassName() const noexcept override { return "ErrObject"; }
-  // The properties Number, Source and Description.
+  // The properties Number, Source and Description, which can only be read.
   Variant Get(std::string_view name, std::span<const Variant> arguments) override;
+  void Set(std::string_view name, const Variant& value) override;
   // The operation Raise (number, source, description; what is left out comes from the object).
   Variant Call(std::string_view name, std::span<Variant> arguments) override;
 

@@ -3,9 +3,15 @@
 #define VANDPUBLIC_RUNTIME_OPTIONAL_REF_H
 
 #include <concepts>
+#include <type_traits>
 #include <utility>
 
 namespace vandpublic {
+
+// What a private variable of type T can start with: not the caller's variable itself.
+template <class From, class T, class Ref>
+concept StartValueFor = std::constructible_from<T, From&&> && !std::same_as<From, T&> &&
+                        !std::same_as<std::remove_cvref_t<From>, Ref>;
 
 // A member that writes an omitted parameter writes to the private variable, so the result is lost.
 //
@@ -19,10 +25,8 @@ class OptionalRef {
   // The caller's variable, which must outlive the call.
   OptionalRef(T& variable) : variable_(&variable) {}
   // A private variable that starts with this value.
-  template <class From>
-  requires std::constructible_from<T, From&&> &&
-      (!std::same_as<std::remove_cvref_t<From>, OptionalRef>)&&(!std::same_as<From, T&>)
-          OptionalRef(From&& start)
+  template <StartValueFor<T, OptionalRef> From>
+  OptionalRef(From&& start)  // NOLINT(bugprone-forwarding-reference-overload): the concept decides
       : own_(static_cast<T>(std::forward<From>(start))), variable_(&own_) {}
 
   OptionalRef(const OptionalRef& other)

@@ -1,16 +1,12 @@
 // Variant's type codes and its view on arrays.
 #include "runtime/variant.h"
 
-#include <algorithm>
-
 namespace vandpublic {
 namespace {
 
 constexpr VarType operator|(VarType a, VarType b) {
   return static_cast<VarType>(static_cast<std::uint16_t>(a) | static_cast<std::uint16_t>(b));
 }
-
-constexpr std::size_t kMostDecimalDigits = 28;
 
 struct TypeOf {
   VarType operator()(std::monostate) const { return VarType::Empty; }
@@ -36,24 +32,6 @@ struct TypeOf {
 };
 
 }  // namespace
-
-std::optional<Decimal> Decimal::Parse(std::string_view text) {
-  std::string_view rest = text;
-  if (!rest.empty() && (rest.front() == '-' || rest.front() == '+')) rest.remove_prefix(1);
-  std::size_t digits = 0;
-  std::size_t points = 0;
-  for (const char c : rest) {
-    if (c >= '0' && c <= '9') {
-      ++digits;
-    } else if (c == '.') {
-      ++points;
-    } else {
-      return std::nullopt;
-    }
-  }
-  if (digits == 0 || digits > kMostDecimalDigits || points > 1) return std::nullopt;
-  return Decimal(std::string(text));
-}
 
 VarType Variant::Type() const noexcept { return std::visit(TypeOf{}, value_); }
 

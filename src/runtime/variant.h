@@ -59,7 +59,10 @@ class VANDPUBLIC_API Decimal {
   // An optional sign, digits, at most one point. Nothing for other texts and longer numbers.
   static std::optional<Decimal> Parse(std::string_view text);
 
+  // A "-" where needed, at least one digit before the point, zeros behind it as they were given.
   const std::string& text() const noexcept { return text_; }
+  // Nothing when that takes more than 28 digits.
+  std::optional<Decimal> PlusOne() const;
   bool operator==(const Decimal&) const = default;
 
  private:

@@ -1,5 +1,8 @@
 // FstrIsNullExt, NotNull and FstrRidOfEmpty: absent, null and blank.
+#include <algorithm>
+#include <cstdint>
 #include <string>
+#include <utility>
 
 #include "frame/trap.h"
 #include "members/messages.h"
@@ -9,6 +12,8 @@ namespace {
 
 // What NotNull returns in place of the null value.
 Variant ReplacementFor(Long value_type) {
+  // Type codes have 16 bits, the argument 32.
+  if (!std::in_range<std::uint16_t>(value_type)) Reject(messages::kInvalidValueType);
   switch (static_cast<VarType>(value_type)) {
     case VarType::Integer:
     case VarType::Long:

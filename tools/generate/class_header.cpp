@@ -38,6 +38,14 @@ namespace vandpublic {
 
 struct Platform;
 
+// Objects of platform/database.h.
+class Connection;
+class Recordset;
+class Field;
+using ConnectionRef = std::shared_ptr<Connection>;
+using RecordsetRef = std::shared_ptr<Recordset>;
+using FieldRef = std::shared_ptr<Field>;
+
 )";
 
 constexpr std::string_view kClassHead = R"(
@@ -91,6 +99,9 @@ bool IsCheapToCopy(InterfaceType type) {
     case InterfaceType::String:
     case InterfaceType::Variant:
     case InterfaceType::ErrObject:
+    case InterfaceType::Connection:
+    case InterfaceType::Recordset:
+    case InterfaceType::Field:
       return false;
     default:
       return true;

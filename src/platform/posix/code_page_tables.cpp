@@ -52,7 +52,9 @@ class Converter {
   }
 
  private:
-  static iconv_t Invalid() noexcept { return reinterpret_cast<iconv_t>(-1); }
+  static iconv_t Invalid() noexcept {
+    return reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr): POSIX says so
+  }
 
   iconv_t handle_;
 };

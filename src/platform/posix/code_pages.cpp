@@ -2,7 +2,7 @@
 #include "platform/posix/code_pages.h"
 
 #include <langinfo.h>
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is POSIX
 
 #include <algorithm>
 #include <charconv>

@@ -20,6 +20,26 @@ bool IsNormalFile(const std::string& path) {
   return !IsHiddenName(path) && stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+bool IsFileOrFolder(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && (S_ISREG(status.st_mode) || S_ISDIR(status.st_mode));
+}
+
+// Whether the test holds for the path or, where its last part is a pattern, for an entry that fits.
+bool AnyMatches(const std::string& native_path, bool (*test)(const std::string&)) {
+  const std::size_t name_start = native_path.find_last_of('/') + 1;
+  const std::string pattern = native_path.substr(name_start);
+  if (pattern.find_first_of("*?") == std::string::npos) return test(native_path);
+
+  const std::string prefix = native_path.substr(0, name_start);
+  const std::unique_ptr<DIR, FolderCloser> folder(opendir(prefix.empty() ? "." : prefix.c_str()));
+  if (!folder) return false;
+  while (const dirent* entry = readdir(folder.get())) {
+    if (MatchesPattern(entry->d_name, pattern) && test(prefix + entry->d_name)) return true;
+  }
+  return false;
+}
+
 // The length of the character at the front of a non-empty UTF-8 text; malformed bytes stand alone.
 std::size_t CharacterLength(std::string_view text) {
   std::size_t length = 1;
@@ -60,18 +80,12 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) noexcept {
 }
 
 bool NormalFileExists(const std::string& native_path) {
-  const std::size_t name_start = native_path.find_last_of('/') + 1;
-  std::string pattern = native_path.substr(name_start);
-  if (pattern.empty()) pattern = "*";  // a path that ends in a separator
-  if (pattern.find_first_of("*?") == std::string::npos) return IsNormalFile(native_path);
+  const bool is_folder = native_path.empty() || native_path.ends_with('/');
+  return AnyMatches(is_folder ? native_path + '*' : native_path, &IsNormalFile);
+}
 
-  const std::string prefix = native_path.substr(0, name_start);
-  const std::unique_ptr<DIR, FolderCloser> folder(opendir(prefix.empty() ? "." : prefix.c_str()));
-  if (!folder) return false;
-  while (const dirent* entry = readdir(folder.get())) {
-    if (MatchesPattern(entry->d_name, pattern) && IsNormalFile(prefix + entry->d_name)) return true;
-  }
-  return false;
+bool FileOrFolderExists(const std::string& native_path) {
+  return AnyMatches(native_path, &IsFileOrFolder);
 }
 
 }  // namespace vandpublic

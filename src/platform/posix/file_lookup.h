@@ -15,6 +15,10 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) noexcept;
 // count. Patterns stand in the last part of the path only.
 bool NormalFileExists(const std::string& native_path);
 
+// The same for regular files and folders, hidden ones too. A path that ends in "/" stands for the
+// folder itself.
+bool FileOrFolderExists(const std::string& native_path);
+
 }  // namespace vandpublic
 
 #endif

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -69,20 +70,53 @@ std::string NameToOpen(std::u16string_view path) {
   return native;
 }
 
-// Reads up to the end that the file had when it was opened. False, with errno set, on an error.
-bool ReadWhole(int file, std::size_t size, std::string& bytes) {
-  bytes.resize(size);
+// Reads until the buffer is full or the file ends. The bytes read; nothing, with errno set, on an
+// error.
+std::optional<std::size_t> Fill(int file, void* buffer, std::size_t size) {
+  auto* const bytes = static_cast<char*>(buffer);
   std::size_t filled = 0;
   while (filled < size) {
-    const ssize_t count = read(file, bytes.data() + filled, size - filled);
+    const ssize_t count = read(file, bytes + filled, size - filled);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return false;
-    if (count == 0) break;  // somebody cut the file meanwhile
+    if (count < 0) return std::nullopt;
+    if (count == 0) break;
     filled += static_cast<std::size_t>(count);
   }
-  bytes.resize(filled);
-  return true;
+  return filled;
 }
+
+// An ordinary file, opened for reading.
+Descriptor OpenForReading(const std::string& native, std::int64_t& size) {
+  Descriptor file(open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  if (file.get() < 0) RaiseFault(FaultFromErrno(errno, native));
+  struct stat status {};
+  if (fstat(file.get(), &status) != 0) RaiseFault(FaultFromErrno(errno, native));
+  if (!S_ISREG(status.st_mode)) RaiseFault(FaultNumber::PathFileAccessError);
+  size = status.st_size;
+  return file;
+}
+
+class PosixInputFile final : public InputFile {
+ public:
+  PosixInputFile(Descriptor descriptor, std::string path)
+      : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
+
+  std::int64_t Size() override {
+    struct stat status {};
+    if (fstat(descriptor_.get(), &status) != 0) RaiseFault(FaultFromErrno(errno, path_));
+    return status.st_size;
+  }
+
+  std::size_t Read(std::span<Byte> bytes) override {
+    const auto count = Fill(descriptor_.get(), bytes.data(), bytes.size());
+    if (!count) RaiseFault(FaultFromErrno(errno, path_));
+    return *count;
+  }
+
+ private:
+  Descriptor descriptor_;
+  std::string path_;
+};
 
 }  // namespace
 
@@ -106,21 +140,39 @@ std::unique_ptr<OutputFile> PosixFiles::Open(std::u16string_view path, OpenMode 
 
 std::string PosixFiles::ReadAll(std::u16string_view path) {
   const std::string native = NameToOpen(path);
-  Descriptor file(open(native.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
-  if (file.get() < 0) RaiseFault(FaultFromErrno(errno, native));
-  struct stat status {};
-  if (fstat(file.get(), &status) != 0) RaiseFault(FaultFromErrno(errno, native));
-  if (!S_ISREG(status.st_mode)) RaiseFault(FaultNumber::PathFileAccessError);
-
-  std::string bytes;
-  if (ReadWhole(file.get(), static_cast<std::size_t>(status.st_size), bytes)) return bytes;
+  std::int64_t size = 0;
+  Descriptor file = OpenForReading(native, size);
+  // Up to the end that the file had when it was opened; somebody may cut it meanwhile.
+  std::string bytes(static_cast<std::size_t>(size), '\0');
+  if (const auto count = Fill(file.get(), bytes.data(), bytes.size())) {
+    bytes.resize(*count);
+    return bytes;
+  }
   const int error = errno;
   file.Release();  // given up, on purpose
   RaiseFault(FaultFromErrno(error, native));
 }
 
+std::unique_ptr<InputFile> PosixFiles::OpenToRead(std::u16string_view path) {
+  const std::string native = NameToOpen(path);
+  std::int64_t size = 0;
+  return std::make_unique<PosixInputFile>(OpenForReading(native, size), native);
+}
+
+void PosixFiles::DeleteIfThere(std::u16string_view path) {
+  const std::string native = NameToOpen(path);
+  struct stat status {};
+  if (stat(native.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+  if ((status.st_mode & kAnyWrite) == 0) RaiseFault(FaultNumber::PermissionDenied);
+  if (unlink(native.c_str()) != 0) RaiseFault(FaultFromErrno(errno, native));
+}
+
 bool PosixFiles::FindsNormalFile(std::u16string_view path) {
   return NormalFileExists(NativePath(path));
+}
+
+bool PosixFiles::FindsFileOrFolder(std::u16string_view path) {
+  return FileOrFolderExists(NativePath(path));
 }
 
 }  // namespace vandpublic

@@ -12,7 +12,10 @@ class PosixFiles final : public Files {
  public:
   std::unique_ptr<OutputFile> Open(std::u16string_view path, OpenMode mode) override;
   std::string ReadAll(std::u16string_view path) override;
+  std::unique_ptr<InputFile> OpenToRead(std::u16string_view path) override;
+  void DeleteIfThere(std::u16string_view path) override;
   bool FindsNormalFile(std::u16string_view path) override;
+  bool FindsFileOrFolder(std::u16string_view path) override;
 };
 
 }  // namespace vandpublic

@@ -3,10 +3,13 @@
 
 #include "platform/host_settings.h"
 #include "platform/platform.h"
+#include "platform/posix/ado/database_objects.h"
 #include "platform/posix/code_pages.h"
+#include "platform/posix/message_box_desktop.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_paths.h"
+#include "platform/posix/regexp_pcre2.h"
 #include "runtime/errors.h"
 
 namespace vandpublic {
@@ -34,7 +37,10 @@ class CurrentPlatform {
       made->clock = std::make_shared<PosixClock>();
       made->code_page = FindCodePage(LocaleCodePage());
       made->files = std::make_shared<PosixFiles>();
+      made->message_boxes = std::make_shared<DesktopMessageBoxes>();
+      made->database = ado::MakeDatabaseObjects();
       made->random = MakeRandomSource();
+      made->regexp = MakeRegExpEngine();
       made->component_folder = ComponentFolder();
       platform_ = std::move(made);
     }

@@ -17,6 +17,11 @@ namespace vandpublic::ado {
 // without "=" is ignored.
 class ConnectionString {
  public:
+  struct Entry {
+    std::string key;
+    std::string value;
+  };
+
   explicit ConnectionString(std::string_view text);
 
   // The value, null where the key is not given.
@@ -26,15 +31,13 @@ class ConnectionString {
   // Replaces or adds a value.
   void Set(std::string_view key, std::string_view value);
 
+  // All of them in order, those that Set added at the end.
+  const std::vector<Entry>& entries() const noexcept { return entries_; }
+
   // The text as it was given, for a driver that reads it itself. It may hold a password.
   const std::string& text() const noexcept { return text_; }
 
  private:
-  struct Entry {
-    std::string key;
-    std::string value;
-  };
-
   std::string text_;
   std::vector<Entry> entries_;
 };

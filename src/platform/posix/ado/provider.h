@@ -100,6 +100,9 @@ class Session {
   // Runs one statement and reads all of its rows. A writer is needed only when `updatable`.
   virtual Result Execute(const std::string& statement, bool updatable) = 0;
 
+  // How long a statement may take from now on, in seconds; 0 without end.
+  virtual void SetCommandTimeout(Long) {}
+
   // Transactions; a source without them leaves these alone, and they raise 3251. Begin is not
   // called inside a transaction, the others only inside one. A session that is destroyed inside
   // one undoes it.

@@ -1,0 +1,40 @@
+// Dates as days since 30 December 1899, and as calendar date and time of day.
+#ifndef VANDPUBLIC_PLATFORM_POSIX_ADO_DATES_H
+#define VANDPUBLIC_PLATFORM_POSIX_ADO_DATES_H
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "runtime/variant.h"
+
+namespace vandpublic::ado {
+
+struct CivilTime {
+  int year = 1899;
+  unsigned month = 12;
+  unsigned day = 30;
+  unsigned hour = 0;
+  unsigned minute = 0;
+  unsigned second = 0;
+  std::uint32_t nanosecond = 0;
+};
+
+// Nothing for what is no date between the years 100 and 9999, or no time of day.
+std::optional<Date> ToDate(const CivilTime& time);
+// Nothing outside the years 100 to 9999. The time is exact to a microsecond or so.
+std::optional<CivilTime> ToCivilTime(Date date);
+
+// "2024-03-05", "2024-03-05 14:07:09" or "2024-03-05 14:07:09.25", also with a "T" between; or a
+// time alone, on day 0.
+std::optional<Date> ParseDate(std::string_view text);
+
+// "2024-03-05", "14:07:09", and both with the fraction of the second where there is one.
+std::string DateOnlyText(const CivilTime& time);
+std::string TimeOnlyText(const CivilTime& time);
+std::string TimestampText(const CivilTime& time);
+
+}  // namespace vandpublic::ado
+
+#endif

@@ -1,0 +1,45 @@
+// ODBC data sources.
+#ifndef VANDPUBLIC_PLATFORM_POSIX_ADO_ODBC_ODBC_SESSION_H
+#define VANDPUBLIC_PLATFORM_POSIX_ADO_ODBC_ODBC_SESSION_H
+
+#include <memory>
+
+#include "platform/posix/ado/odbc/odbc_connect.h"
+#include "platform/posix/ado/odbc/odbc_handles.h"
+#include "platform/posix/ado/provider.h"
+
+namespace vandpublic::ado {
+
+class OdbcSession final : public Session {
+ public:
+  explicit OdbcSession(const ConnectionString& text);
+  ~OdbcSession() override;
+
+  Result Execute(const std::string& statement, bool updatable) override;
+  void Begin() override;
+  void Commit() override;
+  void Rollback() override;
+  void SetCommandTimeout(Long seconds) override { command_timeout_ = seconds; }
+
+  const OdbcHandle& connection() const noexcept { return connection_; }
+  OdbcHandle NewStatement() const;
+  // Runs a statement that returns nothing.
+  void Run(const std::string& statement) const;
+  bool in_transaction() const noexcept { return in_transaction_; }
+  // Switches between statements that count at once and statements that wait for EndTransaction.
+  void SetAutoCommit(bool on) const;
+  void EndTransaction(bool commit) const;
+
+ private:
+  OdbcHandle environment_;
+  OdbcHandle connection_;
+  bool in_transaction_ = false;
+  Long command_timeout_ = 0;
+};
+
+// Opens what the string names through the ODBC driver manager.
+std::unique_ptr<Session> OpenOdbcSession(const ConnectionString& text);
+
+}  // namespace vandpublic::ado
+
+#endif

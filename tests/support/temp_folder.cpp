@@ -1,0 +1,46 @@
+// Temporary folders.
+#include "support/temp_folder.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include "runtime/utf8.h"
+
+namespace vandpublic {
+
+TempFolder::TempFolder() {
+  std::string name = std::filesystem::temp_directory_path() / "vandpublic-test-XXXXXX";
+  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+  path_ = name;
+}
+
+TempFolder::~TempFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(path_, ignored);
+}
+
+std::u16string TempFolder::Inside(std::string_view name) const {
+  return FromUtf8((path_ / name).string());
+}
+
+void TempFolder::Write(std::string_view name, std::string_view bytes) const {
+  std::ofstream file(path_ / name, std::ios::binary);
+  file << bytes;
+  if (!file.flush()) throw std::runtime_error("cannot write a test file");
+}
+
+std::string TempFolder::WriteScript(std::string_view name, std::string_view commands) const {
+  Write(name, std::string("#!/bin/sh\nPATH=/usr/bin:/bin\n").append(commands).append("\n"));
+  std::filesystem::permissions(path_ / name, std::filesystem::perms::owner_all);
+  return (path_ / name).string();
+}
+
+std::string TempFolder::Read(std::string_view name) const {
+  std::ifstream file(path_ / name, std::ios::binary);
+  if (!file) return "<none>";
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace vandpublic
