@@ -87,6 +87,19 @@ Long RowsAffected(const OdbcHandle& statement, bool any) {
   return count < 0 ? -1 : static_cast<Long>(std::min<SQLLEN>(count, INT32_MAX));
 }
 
+// Where no driver is installed, a client hears of that rather than of its data source.
+void RequireSomeDriver(const OdbcHandle& environment) {
+  std::array<SQLCHAR, 256> name{};
+  std::array<SQLCHAR, 256> attributes{};
+  SQLSMALLINT name_length = 0;
+  SQLSMALLINT attributes_length = 0;
+  const SQLRETURN first = environment.library().Drivers(
+      environment.get(), SQL_FETCH_FIRST, name.data(), static_cast<SQLSMALLINT>(name.size()),
+      &name_length, attributes.data(), static_cast<SQLSMALLINT>(attributes.size()),
+      &attributes_length);
+  if (first == SQL_NO_DATA) Raise(ObjectError::ProviderNotFound, kConnectionSource);
+}
+
 }  // namespace
 
 OdbcSession::OdbcSession(const ConnectionString& text)
@@ -101,9 +114,11 @@ OdbcSession::OdbcSession(const ConnectionString& text)
     library.SetConnectAttr(connection_.get(), SQL_ATTR_LOGIN_TIMEOUT,
                            AttributeValue(static_cast<std::uintptr_t>(timeout)), SQL_IS_UINTEGER);
   }
-  connection_.Check(library.DriverConnect(connection_.get(), nullptr,
-                                          OdbcText(target.connection_string), SQL_NTS, nullptr, 0,
-                                          nullptr, SQL_DRIVER_NOPROMPT));
+  const SQLRETURN connected =
+      library.DriverConnect(connection_.get(), nullptr, OdbcText(target.connection_string), SQL_NTS,
+                            nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  if (!SQL_SUCCEEDED(connected)) RequireSomeDriver(environment_);
+  connection_.Check(connected);
 }
 
 OdbcSession::~OdbcSession() {

@@ -12,6 +12,7 @@
 #include "platform/posix/ado/sql/file_row_writer.h"
 #include "platform/posix/ado/sql/sql_statement.h"
 #include "platform/posix/ado/sql/sqlite_connection.h"
+#include "platform/posix/ado/sql/sqlite_library.h"
 #include "platform/posix/ado/sql/sqlite_values.h"
 #include "runtime/coerce.h"
 #include "runtime/errors.h"
@@ -263,7 +264,9 @@ class Run {
 }  // namespace
 
 SqlEngine::SqlEngine(std::unique_ptr<TableSource> source, Dialect dialect)
-    : source_(std::move(source)), dialect_(dialect) {}
+    : source_(std::move(source)), dialect_(dialect) {
+  Sqlite();  // loaded now, so that a connection fails where its statements would
+}
 
 Result SqlEngine::Execute(const std::string& statement, bool updatable) {
   return Run(*source_, dialect_, statement).Execute(updatable);

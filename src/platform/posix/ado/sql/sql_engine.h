@@ -18,6 +18,7 @@ namespace vandpublic::ado {
 // written: SQLite's own commands, attached files and extensions are out of its reach.
 class SqlEngine final : public Session {
  public:
+  // Error 3706 where SQLite is not installed.
   SqlEngine(std::unique_ptr<TableSource> source, Dialect dialect);
 
   Result Execute(const std::string& statement, bool updatable) override;

@@ -4,7 +4,7 @@
 
 #include <sqlite3.h>
 
-#include "platform/posix/ado/sql/loaded_library.h"
+#include "platform/posix/ado/loaded_library.h"
 
 namespace vandpublic::ado {
 

@@ -1,5 +1,5 @@
 // The dynamic loader behind LoadedLibrary.
-#include "platform/posix/ado/sql/loaded_library.h"
+#include "platform/posix/ado/loaded_library.h"
 
 #include <dlfcn.h>
 

@@ -1,7 +1,7 @@
 // Libraries that are looked for when they are first needed, so that the component itself loads
 // where they are not installed.
-#ifndef VANDPUBLIC_PLATFORM_POSIX_ADO_SQL_LOADED_LIBRARY_H
-#define VANDPUBLIC_PLATFORM_POSIX_ADO_SQL_LOADED_LIBRARY_H
+#ifndef VANDPUBLIC_PLATFORM_POSIX_ADO_LOADED_LIBRARY_H
+#define VANDPUBLIC_PLATFORM_POSIX_ADO_LOADED_LIBRARY_H
 
 namespace vandpublic::ado {
 
