@@ -106,7 +106,7 @@ struct FakePlatform {
   std::shared_ptr<DatabaseObjects> database;
   std::shared_ptr<FakeMessageBoxes> message_boxes = std::make_shared<FakeMessageBoxes>();
   std::shared_ptr<FakeRandom> random = std::make_shared<FakeRandom>();
-  std::shared_ptr<RegExpEngine> regexp;  // none unless the test sets one
+  std::shared_ptr<RegExpEngine> regexp = nullptr;  // none unless the test sets one
   int code_page = 1252;
   std::u16string component_folder = u"C:\\Component";
 
