@@ -13,6 +13,9 @@ expect() {
 }
 expect '-> result   = "7F 1D 0A 77 82 6B 8A FF "'
 expect '-> result   = "01 23 45 67 89 AB CD E7 "'
+expect '-> rstr_ReturnValue = 7'
+expect 'the column now holds 27661 bytes'
+expect 'the two files are the same'
 expect '0x8004001C'
 expect 'clsCommon.FstrDES3'
 expect 'VandPublic.clsCommon.FillByteArrWithHexStr'

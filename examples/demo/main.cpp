@@ -1,11 +1,14 @@
-// The component's main job as a client sees it: encipher, decipher, fail, read the log.
+// The component's main job as a client sees it: encipher, decipher, fail, look a value up in a
+// database, read the log.
 //
-//   demo FOLDER    the log is written to FOLDER/LOG
+//   demo FOLDER    the log is written to FOLDER/LOG, the database to FOLDER
 #include <vandpublic/clsPublic.h>
 
 #include <fstream>
 #include <iostream>
 #include <string>
+
+#include "databases.h"
 
 using vandpublic::AutomationError;
 using vandpublic::clsPublic;
@@ -81,6 +84,7 @@ int main(int argc, char** argv) {
   const String enciphered = Encipher(component, key, data);
   Decipher(component, key, enciphered);
   FailAndCatch(component, data);
+  const bool databases_work = ShowDatabases(component, folder);
   ShowLog(folder + "/LOG/ERROR.log");
-  return 0;
+  return databases_work ? 0 : 1;
 }

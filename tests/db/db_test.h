@@ -1,5 +1,4 @@
-// What the database tests share: a component and a connection on the test's data source, and short
-// ways to drive objects by name.
+// What the tests on ODBC data sources share: a component and a connection on the test's source.
 #ifndef VANDPUBLIC_TESTS_DB_DB_TEST_H
 #define VANDPUBLIC_TESTS_DB_DB_TEST_H
 
@@ -7,22 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
+#include "db/by_name.h"
 #include "db/test_source.h"
 #include "frame/clsPublic.h"
 #include "platform/database.h"
-#include "runtime/variant.h"
 #include "support/test_component.h"
 
 namespace vandpublic::db_tests {
-
-Variant Get(Object& object, std::string_view name);
-void Set(Object& object, std::string_view name, Variant value);
-Variant Call(Object& object, std::string_view name, std::vector<Variant> arguments = {});
-
-// A variant as a short text: "Long 5", "String abc", "Null", "bytes 0..2 010203".
-std::string Shown(const Variant& value);
 
 class DbTest : public testing::Test {
  protected:
@@ -37,20 +28,11 @@ class DbTest : public testing::Test {
   void MakeTable(const std::string& name, const std::string& columns);
   // An open recordset.
   RecordsetRef Open(const std::string& statement, Long lock_type = 1);
-  FieldRef FieldOf(Recordset& rows, std::string_view name);
-  Variant Value(Recordset& rows, std::string_view name) { return FieldOf(rows, name)->GetValue(); }
   std::string Client(const std::string& statement) { return Source().Client(statement); }
 
   clsPublic component_;
   ConnectionRef connection_;
 };
-
-// Bytes that show when one is lost, doubled or moved.
-std::vector<Byte> Pattern(std::size_t size);
-std::string HexDigits(const std::vector<Byte>& bytes);
-
-void WriteFile(const std::filesystem::path& file, const std::vector<Byte>& bytes);
-std::string FileContent(const std::filesystem::path& file);
 
 }  // namespace vandpublic::db_tests
 

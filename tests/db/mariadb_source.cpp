@@ -1,4 +1,4 @@
-// A MariaDB server on a socket of its own.
+// A MariaDB server on the loopback interface; its clients use a socket.
 #include <signal.h>
 
 #include <chrono>
@@ -39,8 +39,11 @@ class MariaDbSource final : public TestSource {
                "CREATE USER '" +
                    user + "'@'localhost' IDENTIFIED BY '" + password +
                    "';"
+                   "CREATE USER '" +
+                   user + "'@'127.0.0.1' IDENTIFIED BY '" + password +
+                   "';"
                    "GRANT ALL ON *.* TO '" +
-                   user + "'@'localhost';");
+                   user + "'@'localhost', '" + user + "'@'127.0.0.1';");
   }
 
   pid_t ServerPid() const override { return server_->pid(); }
@@ -50,9 +53,9 @@ class MariaDbSource final : public TestSource {
   void Restart() override {
     server_ = std::make_unique<Process>(
         Arguments{server_file_, "--no-defaults", "--datadir=" + Data(), "--socket=" + Socket(),
-                  "--skip-networking", "--pid-file=" + (folder_ / "pid").string(),
-                  "--innodb-flush-log-at-trx-commit=2", "--innodb-buffer-pool-size=16M",
-                  "--max-allowed-packet=16M"},
+                  "--bind-address=127.0.0.1", "--port=" + port_, "--skip-name-resolve",
+                  "--pid-file=" + (folder_ / "pid").string(), "--innodb-flush-log-at-trx-commit=2",
+                  "--innodb-buffer-pool-size=16M", "--max-allowed-packet=16M"},
         folder_ / "server.log");
     for (int i = 0; i < 300; ++i) {
       try {
@@ -80,7 +83,7 @@ class MariaDbSource final : public TestSource {
 
   std::string DriverFile() const override { return FindFile({"/usr/lib/*/odbc/libmaodbc.so"}); }
   std::vector<std::string> Settings() const override {
-    return {"Socket=" + Socket(), "Server=localhost", "Database=first"};
+    return {"Server=127.0.0.1", "Port=" + port_, "Database=first"};
   }
 
  private:
@@ -89,6 +92,7 @@ class MariaDbSource final : public TestSource {
 
   std::filesystem::path folder_;
   std::string server_file_;
+  std::string port_ = std::to_string(FreePort());
   std::unique_ptr<Process> server_;
 };
 

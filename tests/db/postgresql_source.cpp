@@ -1,4 +1,4 @@
-// A PostgreSQL server on a socket of its own.
+// A PostgreSQL server on the loopback interface.
 #include <signal.h>
 
 #include <chrono>
@@ -45,12 +45,13 @@ class PostgreSqlSource final : public TestSource {
 
   void Restart() override {
     server_ = std::make_unique<Process>(
-        Arguments{programs_ + "/postgres", "-D", folder_ / "data", "-c", "listen_addresses=", "-c",
+        Arguments{programs_ + "/postgres", "-D", folder_ / "data", "-c",
+                  "listen_addresses=127.0.0.1", "-c", "port=" + port_, "-c",
                   "unix_socket_directories=" + folder_.string(), "-c", "fsync=off"},
         folder_ / "server.log");
     for (int i = 0; i < 300; ++i) {
       try {
-        RunProgram({programs_ + "/pg_isready", "-q", "-h", folder_});
+        RunProgram({programs_ + "/pg_isready", "-q", "-h", folder_, "-p", port_});
         return;
       } catch (const std::runtime_error&) {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
@@ -71,18 +72,20 @@ class PostgreSqlSource final : public TestSource {
 
   std::string DriverFile() const override { return FindFile({"/usr/lib/*/odbc/psqlodbcw.so"}); }
   std::vector<std::string> Settings() const override {
-    return {"Servername=" + folder_.string(), "Database=postgres"};
+    return {"Servername=127.0.0.1", "Port=" + port_, "Database=postgres"};
   }
 
  private:
   std::string Client(const std::string& statements, const std::string& database) const {
-    return RunProgram({"env", "PGPASSWORD=" + password, programs_ + "/psql", "-X", "-q", "-A", "-t",
-                       "-v", "ON_ERROR_STOP=1", "-h", folder_, "-U", user, "-d", database},
-                      statements + ";");
+    return RunProgram(
+        {"env", "PGPASSWORD=" + password, programs_ + "/psql", "-X", "-q", "-A", "-t", "-v",
+         "ON_ERROR_STOP=1", "-h", folder_, "-p", port_, "-U", user, "-d", database},
+        statements + ";");
   }
 
   std::filesystem::path folder_;
   std::string programs_;
+  std::string port_ = std::to_string(FreePort());
   std::unique_ptr<Process> server_;
 };
 

@@ -4,8 +4,10 @@
 #include <fcntl.h>
 #include <glob.h>
 #include <grp.h>
+#include <netinet/in.h>
 #include <signal.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -115,6 +117,20 @@ void GiveToOrdinaryUser(const std::filesystem::path& folder) {
   if (chown(folder.c_str(), kOrdinaryUser, kOrdinaryUser) != 0) {
     throw std::runtime_error("cannot give the folder away");
   }
+}
+
+int FreePort() {
+  const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t size = sizeof address;
+  auto* const any_address = reinterpret_cast<sockaddr*>(&address);
+  const bool found =
+      bind(listener, any_address, size) == 0 && getsockname(listener, any_address, &size) == 0;
+  close(listener);
+  if (!found) throw std::runtime_error("no free port");
+  return ntohs(address.sin_port);
 }
 
 std::string FindFile(const std::vector<std::string>& patterns) {

@@ -37,6 +37,9 @@ std::string RunProgram(const Arguments& arguments, const std::string& input = {}
 // Gives a folder to the user that these programs run as.
 void GiveToOrdinaryUser(const std::filesystem::path& folder);
 
+// A port of 127.0.0.1 that nobody listens on at the moment.
+int FreePort();
+
 // The first file that fits one of the patterns, "" when there is none.
 std::string FindFile(const std::vector<std::string>& patterns);
 

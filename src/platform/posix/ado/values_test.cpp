@@ -83,7 +83,7 @@ TEST(ColumnValue, Has_the_type_of_its_column) {
       {DataType::Integer, NullValue{}, NullValue{}},
   };
   for (const ConversionCase& test : cases) {
-    const Column column{.type = test.type};
+    const Column column{"", test.type};
     EXPECT_EQ(ToColumnValue(column, test.value), test.converted) << static_cast<Long>(test.type);
   }
 }
@@ -104,7 +104,7 @@ TEST(ColumnValue, That_does_not_fit_is_the_wrong_type) {
       {DataType::UnsignedTinyInt, Long{256}},
   };
   for (const auto& [type, value] : cases) {
-    const Column column{.type = type};
+    const Column column{"", type};
     EXPECT_EQ(RaisedBy([&] { ToColumnValue(column, value); }),
               (Raised{static_cast<Long>(0x800A0D5D), "ADODB.Field",
                       "Application uses a value of the wrong type for the current operation."}))

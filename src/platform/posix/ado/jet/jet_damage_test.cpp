@@ -41,8 +41,7 @@ class JetDamage : public testing::TestWithParam<Sample> {};
 TEST_P(JetDamage, Ends_in_order) {
   constexpr int kCopies = 300;
   const TempFolder folder;
-  const std::string content =
-      FileContent(SamplePath("jet/" + std::string(GetParam().file) + ".mdb"));
+  const std::string content = ReadSample("jet/" + std::string(GetParam().file) + ".mdb");
   std::mt19937 random(20240305);
   for (int i = 0; i < kCopies; ++i) {
     folder.Write("damaged.mdb", Damaged(content, random));
@@ -53,8 +52,7 @@ TEST_P(JetDamage, Ends_in_order) {
 
 TEST_P(JetDamage, Of_a_cut_file_ends_in_order) {
   const TempFolder folder;
-  const std::string content =
-      FileContent(SamplePath("jet/" + std::string(GetParam().file) + ".mdb"));
+  const std::string content = ReadSample("jet/" + std::string(GetParam().file) + ".mdb");
   for (std::size_t size = 0; size < content.size(); size += content.size() / 100) {
     folder.Write("cut.mdb", content.substr(0, size));
     ExpectOrderlyEnd("size " + std::to_string(size),
