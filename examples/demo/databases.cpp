@@ -1,6 +1,4 @@
 // A look-up, and a picture in a binary column.
-#include "databases.h"
-
 #include <vandpublic/database.h>
 
 #include <cstdlib>
@@ -8,6 +6,8 @@
 #include <iostream>
 #include <iterator>
 #include <vector>
+
+#include "demo.h"
 
 using vandpublic::AutomationError;
 using vandpublic::clsPublic;

@@ -50,7 +50,7 @@ struct CommandLine {
 
 // Takes the arguments behind the program's name apart. Options may stand anywhere, as "--name
 // value" or "--name=value"; everything behind "--" is a word, and so are "-" and negative numbers.
-// --help, --version and --codepage go with every command. Raises UsageError.
+// --help, --version, --codepage and --registry go with every command. Raises UsageError.
 CommandLine ParseCommandLine(std::span<const char* const> arguments);
 
 // The help text of a command, or of the tool when it is null.

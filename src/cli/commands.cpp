@@ -6,6 +6,7 @@ namespace {
 
 constexpr Option kToolOptions[] = {
     {"--codepage", "N", "ANSI code page 874, 932, 936, 949, 950, 1250-1258 (default: by locale)"},
+    {"--registry", "FILE", "registry values (default: /etc/vandpublic/registry.reg)"},
     {"--help", "", "this text, or that of a command"},
     {"--version", "", "the version"},
 };
@@ -103,6 +104,19 @@ Exit status: 0 done, 2 no such member.
 
 )";
 
+constexpr std::string_view kRegistryExamples = R"(  vandpublic registry check
+  vandpublic registry check exported.reg
+)";
+
+constexpr std::string_view kRegistryNotes =
+    R"(Reads a file as the registry editor exports it and names each line that cannot be used, as
+FILE:LINE: problem; all other lines count. Without a FILE it is the one that GetSettingFromReg
+reads.
+
+Exit status: 0 nothing is wrong, 1 something is, 2 the file cannot be read.
+
+)";
+
 constexpr Command kCommands[] = {
     {"", "VandPublic: conversions, ciphers, settings, files and databases in one component.",
      "COMMAND [ARGUMENT...]", kToolExamples, kToolNotes, kToolOptions},
@@ -116,6 +130,12 @@ constexpr Command kCommands[] = {
      {}},
     {"members", "Lists the members, or describes one.", "members [OPTION...] [MEMBER]",
      kMembersExamples, kMembersNotes, kMembersOptions},
+    {"registry",
+     "Checks the registry file.",
+     "registry check [FILE]",
+     kRegistryExamples,
+     kRegistryNotes,
+     {}},
 };
 
 }  // namespace

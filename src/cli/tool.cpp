@@ -11,6 +11,7 @@
 #include "cli/members_command.h"
 #include "cli/pipe.h"
 #include "cli/pipe_session.h"
+#include "cli/registry_command.h"
 #include "cli/version.h"
 #include "platform/host_settings.h"
 
@@ -33,6 +34,7 @@ CommandResult Run(const CommandLine& line) {
   if (line.command == nullptr) return {kUnusable, "", HelpText(nullptr)};
   if (line.command->name == "pipe") return RunPipeCommand(line);
   if (line.command->name == "members") return RunMembers(line);
+  if (line.command->name == "registry") return RunRegistry(line);
   return RunCall(line, ChosenPlatform(line));
 }
 
@@ -52,12 +54,15 @@ CommandResult RunAndExplain(std::span<const char* const> arguments) {
 }  // namespace
 
 std::shared_ptr<const Platform> ChosenPlatform(const CommandLine& line) {
-  const auto wanted = line.Value("--codepage");
-  if (!wanted) return SystemPlatform();
-  const auto number = ParseDecimal(*wanted);
-  if (number && SelectCodePage(*number)) return SystemPlatform();
-  throw UsageError("there is no code page '" + *wanted +
-                   "'; there are 874, 932, 936, 949, 950 and 1250 to 1258");
+  if (const auto wanted = line.Value("--codepage")) {
+    const auto number = ParseDecimal(*wanted);
+    if (!number || !SelectCodePage(*number)) {
+      throw UsageError("there is no code page '" + *wanted +
+                       "'; there are 874, 932, 936, 949, 950 and 1250 to 1258");
+    }
+  }
+  if (const auto file = line.Value("--registry")) SelectRegistryFile(*file);
+  return SystemPlatform();
 }
 
 int RunTool(std::span<const char* const> arguments) {

@@ -15,8 +15,8 @@ namespace vandpublic {
 // line and when reading or writing fails.
 int RunTool(std::span<const char* const> arguments);
 
-// The services of this system, with the code page that --codepage names. Raises UsageError for a
-// page that does not exist.
+// The services of this system, with the code page that --codepage names and the registry file of
+// --registry. Raises UsageError for a page that does not exist.
 std::shared_ptr<const Platform> ChosenPlatform(const CommandLine& line);
 
 }  // namespace vandpublic

@@ -95,9 +95,9 @@ class ProtectedBuffer {
   // The data behind the length byte; fault 9 for a length of 0 or beyond the end.
   ByteArray DataBehindLength() {
     Integer length = (*bytes_).At(0);
-    ByteArray data = ByteArray::WithBounds(0, length - 1);
-    object_.CpyByteArray(data, *bytes_, length, Integer{0}, Integer{1});
-    return data;
+    WipedByteArray data(ByteArray::WithBounds(0, length - 1));
+    object_.CpyByteArray(*data, *bytes_, length, Integer{0}, Integer{1});
+    return std::move(*data);
   }
 
   // Keeps the first bytes only.

@@ -7,3 +7,5 @@ echo ----
 vandpublic pipe --help
 echo ----
 vandpublic --help members
+echo ----
+vandpublic registry --help

@@ -7,6 +7,8 @@
 #include <set>
 #include <stdexcept>
 
+#include "cli/hex_text.h"
+
 namespace vandpublic {
 namespace {
 
@@ -64,8 +66,8 @@ void ReadSkipping(const Json& json, Case& made) {
 
 Case ReadCase(const Json& json, int code_page) {
   AllowOnly(json,
-            {"name", "codepage", "debug_mode", "steps", "log", "log_file", "folders", "only",
-             "skip", "reason"},
+            {"name", "codepage", "debug_mode", "steps", "log", "log_file", "folders", "files",
+             "left", "registry_file", "only", "skip", "reason"},
             "the case");
   Case made;
   made.name = json.at("name").get<std::string>();
@@ -79,6 +81,11 @@ Case ReadCase(const Json& json, int code_page) {
     Require(entry.size() == 2 || entry.size() == 3, "a log entry has two or three lines");
   made.log_file = json.value("log_file", made.log_file);
   if (json.contains("folders")) made.folders = ReadTexts(json["folders"]);
+  if (json.contains("files")) made.files = json["files"].get<std::map<std::string, Json>>();
+  made.left = json.contains("left") ? json["left"].get<std::map<std::string, Json>>() : made.files;
+  made.registry_file = json.value("registry_file", "");
+  Require(made.registry_file.empty() || made.files.contains(made.registry_file),
+          "the registry file must be among the files");
   ReadSkipping(json, made);
   return made;
 }
@@ -116,6 +123,13 @@ std::vector<Case> ReadCaseFile(const std::string& path) {
   } catch (const std::exception& error) {
     throw std::runtime_error(where + ": " + error.what());
   }
+}
+
+std::string FileBytes(const Json& content, const Places& places) {
+  if (!content.is_object() || !content.contains("$hex")) return Text(content, places);
+  const auto bytes = FromHexText(content["$hex"].get<std::string>());
+  Require(bytes.has_value(), "hexadecimal digits are needed: " + content.dump());
+  return {bytes->begin(), bytes->end()};
 }
 
 Json Expanded(const Json& value, const Places& places) {

@@ -2,6 +2,7 @@
 #ifndef VANDPUBLIC_TESTS_RUNNERS_CASE_FILE_H
 #define VANDPUBLIC_TESTS_RUNNERS_CASE_FILE_H
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,6 +24,9 @@ struct Case {
   std::vector<std::vector<Json>> log;      // the entries, each a list of lines
   std::string log_file = "ERROR.log";      // where they are, below the log folder
   std::vector<std::string> folders;        // made below the log folder beforehand
+  std::map<std::string, Json> files;       // made there beforehand, with their content
+  std::map<std::string, Json> left;        // which of them, and others, must be there afterwards
+  std::string registry_file = {};          // one of them, instead of the system's registry
   std::vector<std::string> surfaces = {};  // empty: all
   std::string skip_reason = {};            // why it is skipped, everywhere or elsewhere
 
@@ -38,6 +42,9 @@ struct Places {
   std::string log_folder;
   std::string component_folder;
 };
+
+// The bytes of a file: a text in UTF-8, or {"$hex":"0D0A"}.
+std::string FileBytes(const Json& content, const Places& places);
 
 // The value with {"$repeat":[text,count]}, {"$concat":[text,...]}, {"$log_folder":true} and
 // {"$component_folder":true} replaced by the texts that they stand for.

@@ -51,9 +51,28 @@ class TemporaryFolder {
   fs::path path_;
 };
 
-std::unique_ptr<Surface> MakeSurface(const Options& options, int code_page) {
-  if (options.surface == "cpp") return MakeCppSurface(code_page);
-  return MakePipeSurface(options.tool, code_page);
+std::unique_ptr<Surface> MakeSurface(const Options& options, const Surroundings& surroundings) {
+  if (options.surface == "cpp") return MakeCppSurface(surroundings);
+  return MakePipeSurface(options.tool, surroundings);
+}
+
+std::string BytesOf(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// Files and folders that the case wants to find; what surrounds the component then.
+Surroundings Prepare(const Case& test, const fs::path& folder) {
+  for (const std::string& name : test.folders)
+    fs::create_directories(folder / name);
+  for (const auto& [name, content] : test.files)
+    std::ofstream(folder / name, std::ios::binary) << FileBytes(content, {folder.string(), {}});
+  Surroundings surroundings;
+  surroundings.code_page = test.code_page;
+  if (!test.registry_file.empty()) {
+    surroundings.registry_file = (folder / test.registry_file).string();
+  }
+  return surroundings;
 }
 
 std::string RunSteps(const Case& test, Surface& surface, const Places& places) {
@@ -89,36 +108,42 @@ std::vector<std::vector<std::string>> ExpectedLog(const Case& test, const Places
   return entries;
 }
 
-// Whatever the component made in the log folder besides the log file.
-std::string StrayProblem(const Case& test, const fs::path& folder) {
+// Files that must be in the log folder with their content, and whatever must not be there.
+std::string FilesProblem(const Case& test, const Places& places) {
+  const fs::path folder = places.log_folder;
+  for (const auto& [name, content] : test.left) {
+    if (!fs::exists(folder / name)) return "'" + name + "' should be there";
+    const std::string expected = FileBytes(content, places);
+    const std::string bytes = BytesOf(folder / name);
+    if (bytes != expected) {
+      return "'" + name + "' should hold " + Quoted(expected) + " and holds " + Quoted(bytes);
+    }
+  }
   for (const auto& found : fs::recursive_directory_iterator(folder)) {
     const std::string name = fs::relative(found.path(), folder).string();
-    const bool made_before =
+    const bool wanted =
+        test.left.contains(name) || (!test.log.empty() && name == test.log_file) ||
         std::find(test.folders.begin(), test.folders.end(), name) != test.folders.end();
-    const bool is_log = !test.log.empty() && name == test.log_file;
-    if (!made_before && !is_log) return "log: '" + name + "' should not be there";
+    if (!wanted) return "'" + name + "' should not be there";
   }
   return {};
 }
 
 std::string LogFileProblem(const Case& test, const Places& places, const std::string& earliest) {
-  const std::string stray = StrayProblem(test, places.log_folder);
-  if (!stray.empty()) return stray;
-  if (test.log.empty()) return {};
-  std::ifstream file(fs::path(places.log_folder) / test.log_file, std::ios::binary);
-  if (!file) return "log: no file was written";
-  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-  return LogProblem(bytes, ExpectedLog(test, places), *FindCodePage(test.code_page), earliest,
-                    Now());
+  const std::string files = FilesProblem(test, places);
+  if (!files.empty() || test.log.empty()) return files;
+  const fs::path file = fs::path(places.log_folder) / test.log_file;
+  if (!fs::exists(file)) return "log: no file was written";
+  return LogProblem(BytesOf(file), ExpectedLog(test, places), *FindCodePage(test.code_page),
+                    earliest, Now());
 }
 
 std::string RunCase(const Case& test, const Options& options) {
   try {
     const TemporaryFolder folder;
-    for (const std::string& name : test.folders)
-      fs::create_directories(folder.path() / name);
+    const Surroundings surroundings = Prepare(test, folder.path());
     const std::string earliest = Now();
-    const auto surface = MakeSurface(options, test.code_page);
+    const auto surface = MakeSurface(options, surroundings);
     const Places places{folder.path().string(), surface->ComponentFolder()};
     const std::string problem = RunSteps(test, *surface, places);
     return problem.empty() ? LogFileProblem(test, places, earliest) : problem;

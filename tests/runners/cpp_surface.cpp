@@ -9,14 +9,15 @@
 namespace vandpublic {
 namespace {
 
-std::shared_ptr<const Platform> PlatformWith(int code_page) {
-  if (!SelectCodePage(code_page)) throw std::runtime_error("no such code page");
+std::shared_ptr<const Platform> PlatformWith(const Surroundings& surroundings) {
+  if (!SelectCodePage(surroundings.code_page)) throw std::runtime_error("no such code page");
+  if (!surroundings.registry_file.empty()) SelectRegistryFile(surroundings.registry_file);
   return SystemPlatform();
 }
 
 class CppSurface final : public Surface {
  public:
-  explicit CppSurface(int code_page) : session_(PlatformWith(code_page)) {}
+  explicit CppSurface(const Surroundings& surroundings) : session_(PlatformWith(surroundings)) {}
 
   Json Ask(const Json& request) override { return session_.Handle(request); }
   std::string ComponentFolder() const override {
@@ -30,8 +31,8 @@ class CppSurface final : public Surface {
 
 }  // namespace
 
-std::unique_ptr<Surface> MakeCppSurface(int code_page) {
-  return std::make_unique<CppSurface>(code_page);
+std::unique_ptr<Surface> MakeCppSurface(const Surroundings& surroundings) {
+  return std::make_unique<CppSurface>(surroundings);
 }
 
 }  // namespace vandpublic

@@ -71,12 +71,17 @@ class SpawnActions {
 
 class PipeSurface final : public Surface {
  public:
-  PipeSurface(std::string tool, int code_page)
+  PipeSurface(std::string tool, const Surroundings& surroundings)
       : tool_(std::move(tool)),
         from_tool_(MakePipe()),
         to_tool_(MakePipe()),
         replies_(from_tool_.read.get()) {
-    Spawn({tool_, "pipe", "--codepage", std::to_string(code_page)});
+    std::vector<std::string> arguments = {tool_, "pipe", "--codepage",
+                                          std::to_string(surroundings.code_page)};
+    if (!surroundings.registry_file.empty()) {
+      arguments.push_back("--registry=" + surroundings.registry_file);
+    }
+    Spawn(std::move(arguments));
     to_tool_.read.Close();
     from_tool_.write.Close();
   }
@@ -138,8 +143,9 @@ class PipeSurface final : public Surface {
 
 }  // namespace
 
-std::unique_ptr<Surface> MakePipeSurface(const std::string& tool, int code_page) {
-  return std::make_unique<PipeSurface>(tool, code_page);
+std::unique_ptr<Surface> MakePipeSurface(const std::string& tool,
+                                         const Surroundings& surroundings) {
+  return std::make_unique<PipeSurface>(tool, surroundings);
 }
 
 }  // namespace vandpublic

@@ -24,11 +24,17 @@ class Surface {
   virtual std::string Finish() = 0;
 };
 
+// What a component finds around it.
+struct Surroundings {
+  int code_page = 1252;
+  std::string registry_file;  // empty: the system's
+};
+
 // In this process: a new component, called by name.
-std::unique_ptr<Surface> MakeCppSurface(int code_page);
+std::unique_ptr<Surface> MakeCppSurface(const Surroundings& surroundings);
 
 // Through a new process of the tool, `TOOL pipe --codepage N`.
-std::unique_ptr<Surface> MakePipeSurface(const std::string& tool, int code_page);
+std::unique_ptr<Surface> MakePipeSurface(const std::string& tool, const Surroundings& surroundings);
 
 }  // namespace vandpublic
 

@@ -31,12 +31,15 @@ struct PassKeys {
 };
 
 // Four words XORed at once, by as many instructions as that takes.
-using Words [[gnu::vector_size(32)]] = std::uint64_t;
+using Words [[gnu::vector_size(32), gnu::may_alias]] = std::uint64_t;
 
 // XORs up the rows.
 inline void Schedule(const Pass& pass, PassKeys& keys) {
   constexpr std::size_t kCount = kKeyRowWords / 4;
-  Words sum[kCount] = {};
+  // Where the caller wipes them, not in a variable here that would stay on the stack.
+  auto* const sum = reinterpret_cast<Words*>(keys.word);
+  for (std::size_t i = 0; i < kCount; ++i)
+    sum[i] = Words{};
   for (int byte = 0; byte < 8; ++byte) {
     const Byte value = pass.key[byte];
     const auto* const high = reinterpret_cast<const Words*>(kKeyTables.high[byte][value >> 4]);
@@ -44,7 +47,6 @@ inline void Schedule(const Pass& pass, PassKeys& keys) {
     for (std::size_t i = 0; i < kCount; ++i)
       sum[i] ^= high[i] ^ low[i];
   }
-  std::memcpy(keys.word, sum, sizeof sum);
   keys.encipher = pass.encipher;
 }
 
