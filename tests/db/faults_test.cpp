@@ -46,10 +46,10 @@ TEST_F(FaultsTest, Many_look_ups_leave_nothing_behind) {
   };
   look_up(1000);
   const int descriptors = OpenDescriptors();
-  const long memory = ResidentMemory();
+  const long memory = MemoryInUse();
   look_up(10000);
   EXPECT_EQ(OpenDescriptors(), descriptors);
-  EXPECT_LT(ResidentMemory() - memory, 2048) << "KiB";
+  EXPECT_LT(MemoryInUse() - memory, 2048) << "KiB";
 }
 
 TEST_F(FaultsTest, Many_failures_and_connections_leave_nothing_behind) {
@@ -67,10 +67,10 @@ TEST_F(FaultsTest, Many_failures_and_connections_leave_nothing_behind) {
   };
   fail(10);
   const int descriptors = OpenDescriptors();
-  const long memory = ResidentMemory();
+  const long memory = MemoryInUse();
   fail(100);
   EXPECT_EQ(OpenDescriptors(), descriptors);
-  EXPECT_LT(ResidentMemory() - memory, 4096) << "KiB";
+  EXPECT_LT(MemoryInUse() - memory, 4096) << "KiB";
 }
 
 TEST_F(FaultsTest, Server_that_dies_is_an_error_at_the_next_call) {

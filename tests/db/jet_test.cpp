@@ -93,7 +93,7 @@ TEST_F(ValuesTest, Long_values_come_in_chunks) {
   const RecordsetRef rows = Open("Select * From MSP_PROJECTS");
   FieldRef field;
   std::string name;
-  const TextRows expected = ReadExpectedRows("jet/expected/test2V1997.MSP_PROJECTS.csv");
+  const ado::TextRows expected = ado::ReadExpectedRows("jet/expected/test2V1997.MSP_PROJECTS.csv");
   std::string digest;
   for (std::size_t i = 0; i < expected[0].size(); ++i) {
     if (!expected[1][i].starts_with("bin:22970:")) continue;
@@ -225,10 +225,10 @@ TEST_F(FaultsTest, Many_look_ups_leave_nothing_behind) {
   };
   look_up(1000);
   const int descriptors = OpenDescriptors();
-  const long memory = ResidentMemory();
+  const long memory = MemoryInUse();
   look_up(10000);
   EXPECT_EQ(OpenDescriptors(), descriptors);
-  EXPECT_LT(ResidentMemory() - memory, 2048) << "KiB";
+  EXPECT_LT(MemoryInUse() - memory, 2048) << "KiB";
 }
 
 TEST_F(FaultsTest, Database_that_goes_or_is_damaged_is_an_error_at_the_next_call) {

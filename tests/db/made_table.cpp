@@ -15,10 +15,11 @@ std::string Number(unsigned value, int bytes) {
   return text;
 }
 
-std::string Descriptor(const std::string& name, char type, unsigned offset, unsigned size) {
+std::string Descriptor(const std::string& name, char type, unsigned offset, unsigned size,
+                       int flags = 0) {
   std::string text = name + std::string(11 - name.size(), '\0');
   text += type;
-  text += Number(offset, 4) + Number(size, 1);
+  text += Number(offset, 4) + Number(size, 1) + std::string(1, '\0') + static_cast<char>(flags);
   return text + std::string(32 - text.size(), '\0');
 }
 
@@ -29,17 +30,20 @@ void MakeFoxProTable(const TempFolder& folder, const std::string& name, int rows
   constexpr char kVisualFoxPro = '\x30';
   constexpr char kHasMemo = 2;
   constexpr char kWestern = 3;
-  const std::string fields = Descriptor("ID", 'I', 1, 4) + Descriptor("NAME", 'C', 5, 20) +
-                             Descriptor("PHOTO", 'G', 25, 4);
+  constexpr int kNullable = 2;
+  constexpr int kSystem = 5;
+  const std::string fields =
+      Descriptor("ID", 'I', 1, 4) + Descriptor("NAME", 'C', 5, 20, kNullable) +
+      Descriptor("PHOTO", 'G', 25, 4) + Descriptor("_NullFlags", '0', 29, 1, kSystem);
   const auto header_length = static_cast<unsigned>(32 + fields.size() + 1 + kBackLink);
   std::string table(1, kVisualFoxPro);
   table += std::string("\x18\x01\x01", 3) + Number(static_cast<unsigned>(rows), 4) +
-           Number(header_length, 2) + Number(29, 2) + std::string(16, '\0') + kHasMemo + kWestern +
+           Number(header_length, 2) + Number(30, 2) + std::string(16, '\0') + kHasMemo + kWestern +
            std::string(2, '\0') + fields + '\r' + std::string(kBackLink, '\0');
   for (int i = 0; i < rows; ++i) {
     std::string text = kNames.at(static_cast<std::size_t>(i));
     table += ' ' + Number(static_cast<unsigned>(i + 1), 4);
-    table += text + std::string(20 - text.size(), ' ') + Number(0, 4);
+    table += text + std::string(20 - text.size(), ' ') + Number(0, 5);
   }
   table += '\x1A';
   folder.Write(name + ".dbf", table);

@@ -8,8 +8,8 @@
 
 namespace vandpublic::db_tests {
 
-// Writes NAME.dbf and NAME.fpt with the columns ID (integer), NAME (20 characters) and PHOTO
-// (general), and rows 1 to `rows` with the names "one", "two", ...
+// Writes NAME.dbf and NAME.fpt with the columns ID (integer), NAME (20 characters, may be
+// null) and PHOTO (general), and rows 1 to `rows` with the names "one", "two", ...
 void MakeFoxProTable(const TempFolder& folder, const std::string& name, int rows);
 
 }  // namespace vandpublic::db_tests

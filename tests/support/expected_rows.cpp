@@ -82,7 +82,7 @@ std::string Digest(const ByteArray& bytes) {
 }
 
 std::string ShownDate(Date value, DataType type) {
-  const auto time = ToCivilTime(value);
+  const auto time = ToCivilTime(value, kMillisecondsOfSecond);
   if (!time) return "date " + std::to_string(value.days);
   return type == DataType::DBDate ? DateOnlyText(*time) : TimestampText(*time);
 }

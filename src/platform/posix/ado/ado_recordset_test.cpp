@@ -62,8 +62,8 @@ class AdoRecordsetTest : public testing::Test {
 };
 
 TEST_F(AdoRecordsetTest, Opens_with_the_properties_that_were_set) {
-  AdoRecordset& rows = *std::make_shared<AdoRecordset>();
-  EXPECT_EQ(RaisedBy([&] { rows.Open(u"rows", nullptr, -1, -1, -1); }).number, kBadConnection);
+  const auto without = std::make_shared<AdoRecordset>();
+  EXPECT_EQ(RaisedBy([&] { without->Open(u"rows", nullptr, -1, -1, -1); }).number, kBadConnection);
   const auto kept = std::make_shared<AdoRecordset>();
   kept->SetActiveConnection(connection_);
   kept->SetCursorLocation(3);
@@ -140,7 +140,8 @@ TEST_F(AdoRecordsetTest, Without_rows_it_is_at_both_ends_at_once) {
 
 TEST_F(AdoRecordsetTest, Fields_are_found_by_name_and_number) {
   const auto rows = Open();
-  Object& fields = **Get(*rows, "Fields").Get<ObjectRef>();
+  const FieldsRef kept = rows->GetFields();
+  Object& fields = *kept;
   EXPECT_EQ(Get(fields, "Count"), Variant(Long{4}));
   const auto value = [&](Object& owner, const char* name, Variant which) {
     return Get(**Get(owner, name, {std::move(which)}).Get<ObjectRef>(), "Value");

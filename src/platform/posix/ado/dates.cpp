@@ -107,12 +107,12 @@ std::optional<Date> ToDate(const CivilTime& time) {
   return JoinDayAndTime(*day, *milliseconds + (time.nanosecond + 500'000) / 1'000'000);
 }
 
-std::optional<CivilTime> ToCivilTime(Date date) {
+std::optional<CivilTime> ToCivilTime(Date date, std::int64_t unit) {
   constexpr double kFarthest = 3e6;
   if (!(std::fabs(date.days) < kFarthest)) return std::nullopt;
   double day = std::trunc(date.days);
-  auto part = static_cast<std::int64_t>(
-      std::llround(std::fabs(date.days - day) * static_cast<double>(kMillisecondsOfDay)));
+  const auto units_of_day = static_cast<double>(kMillisecondsOfDay / unit);
+  std::int64_t part = std::llround(std::fabs(date.days - day) * units_of_day) * unit;
   if (part >= kMillisecondsOfDay) {
     part -= kMillisecondsOfDay;
     ++day;

@@ -21,6 +21,7 @@ struct CivilTime {
   std::uint32_t nanosecond = 0;
 };
 
+inline constexpr std::int64_t kMillisecondsOfSecond = 1000;
 inline constexpr std::int64_t kMillisecondsOfDay = 86'400'000;
 
 // The whole days to a date; nothing for one that the calendar lacks or outside the years 100 to
@@ -34,9 +35,9 @@ Date JoinDayAndTime(std::int64_t day, std::int64_t milliseconds) noexcept;
 
 // Nothing for what is no date between the years 100 and 9999, or no time of day.
 std::optional<Date> ToDate(const CivilTime& time);
-// Nothing outside the years 100 to 9999. The time is rounded to milliseconds, which
-// every date holds.
-std::optional<CivilTime> ToCivilTime(Date date);
+// Nothing outside the years 100 to 9999. Rounded to so many milliseconds; every
+// date holds single ones, but FoxPro leaves its dates a thousandth short of the second.
+std::optional<CivilTime> ToCivilTime(Date date, std::int64_t unit = 1);
 
 // "2024-03-05", "2024-03-05 14:07:09" or "2024-03-05 14:07:09.25", also with a "T" between; or a
 // time alone, on day 0.

@@ -77,7 +77,7 @@ std::string EncodeNumber(const DbfField& field, const Variant& value) {
 
 CivilTime SplitDate(const DbfField& field, const Variant& value) {
   const double days = Converted(field, [&] { return ToDouble(value); });
-  const auto time = ToCivilTime(Date{days});
+  const auto time = ToCivilTime(Date{days}, kMillisecondsOfSecond);
   if (!time) RaiseTooLong(field);
   return *time;
 }
@@ -100,7 +100,7 @@ std::string EncodeTimestamp(const DbfField& field, const Variant& value) {
   std::string cell(field.size, '\0');
   const std::int64_t day = DayOf(time);
   const std::int64_t milliseconds =
-      ((time.hour * 60LL + time.minute) * 60 + time.second) * 1000 + time.nanosecond / 1'000'000;
+      ((time.hour * 60LL + time.minute) * 60 + time.second) * kMillisecondsOfSecond;
   if (day == 0 && milliseconds == 0) return cell;
   PutLittleEndian(static_cast<std::uint32_t>(day + kJulianDayZero), cell.data());
   PutLittleEndian(static_cast<std::uint32_t>(milliseconds), cell.data() + 4);

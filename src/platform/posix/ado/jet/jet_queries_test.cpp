@@ -82,7 +82,7 @@ constexpr Query kQueries[] = {
     {"Like", "Select A From Table1 Where A Like 'ABC%'", "abcdefg"},
     {"Like_a_set", "Select A From Table1 Where A Like '[x-z,a]'", "a"},
     {"Aggregate", "Select Sum(C), Max(D) From Table1", "2|222"},
-    {"Group", "Select I, Count(*) From Table1 Group By I Order By 1", "-1|1/0|1"},
+    {"Group", "Select I, Count(*) From Table1 Group By I Order By 1", "True|1/False|1"},
     {"Join", "Select x.A From Table1 x Inner Join Table1 y On x.C=y.C Where y.D=222", "abcdefg"},
     {"Subquery", "Select A From Table1 Where C=(Select Max(C) From Table1)", "abcdefg"},
     {"Table_alone", "Table1",

@@ -31,6 +31,7 @@ class FileRowWriter final : public RowWriter {
  private:
   GivenValues FlaggedValues(const Row& row, const ColumnFlags& flags) const;
   GivenValues AllValues(const Row& row) const;
+  void ReadBack(Row& row, const ColumnFlags& which) const;
 
   std::shared_ptr<FileTable> table_;
   std::vector<std::optional<std::size_t>> columns_;

@@ -263,7 +263,7 @@ double DaysOf(const Variant& value) {
 }
 
 CivilTime SplitArgument(SqlArguments a) {
-  const auto split = ToCivilTime(Date{DaysOf(a[0])});
+  const auto split = ToCivilTime(Date{DaysOf(a[0])}, kMillisecondsOfSecond);
   if (!split) RaiseFault(FaultNumber::InvalidProcedureCall);
   return *split;
 }
