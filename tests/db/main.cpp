@@ -73,7 +73,7 @@ std::unique_ptr<TestSource> MakeTestSource(std::string_view name,
 }  // namespace vandpublic::db_tests
 
 // PostgreSQL's driver loses a few bytes with every connection.
-extern "C" const char* __lsan_default_suppressions();  // NOLINT: the sanitizer's own name
+extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions();  // NOLINT
 extern "C" const char* __lsan_default_suppressions() { return "leak:psqlodbcw.so\n"; }
 
 int main(int argc, char** argv) {
