@@ -5,6 +5,7 @@
 
 #include "cli/json_text.h"
 #include "cli/suggestion.h"
+#include "members/member_examples.h"
 #include "members/member_table.h"
 #include "members/member_text.h"
 #include "runtime/object.h"
@@ -46,6 +47,10 @@ std::string Page(std::size_t slot) {
     for (const std::string& line : Wrap(paragraph, kColumns))
       page += line + "\n";
   }
+  const auto examples = ExampleLines(member);
+  if (!examples.empty()) page += "\n";
+  for (const std::string& line : examples)
+    page += "  " + line + "\n";
   return page;
 }
 
@@ -94,6 +99,10 @@ Json MemberJson(std::size_t slot) {
   for (const std::u16string_view message : member.messages)
     json["messages"].push_back(ToUtf8(message));
   json["description"] = DescribeMember(member);
+  json["examples"] = Json::array();
+  for (const MemberExample& example : ExamplesOf(member)) {
+    json["examples"].push_back({{"command", example.command}, {"output", example.output}});
+  }
   return json;
 }
 

@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "members/member_examples.h"
 #include "runtime/utf8.h"
 
 namespace vandpublic {
@@ -77,6 +78,20 @@ std::vector<std::string> DescribeMember(const MemberInfo& member) {
     paragraphs.push_back("After a failure: " + std::string(member.leaves));
   }
   return paragraphs;
+}
+
+std::vector<std::string> ExampleLines(const MemberInfo& member) {
+  std::vector<std::string> lines;
+  for (const MemberExample& example : ExamplesOf(member)) {
+    lines.push_back("$ vandpublic call " + std::string(example.member) + " " +
+                    std::string(example.command));
+    for (std::string_view rest = example.output; !rest.empty();) {
+      const std::size_t end = rest.find('\n');
+      lines.emplace_back(rest.substr(0, end));
+      rest.remove_prefix(end + 1);
+    }
+  }
+  return lines;
 }
 
 std::vector<std::string> Wrap(const std::string& text, std::size_t columns) {

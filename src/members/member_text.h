@@ -18,6 +18,9 @@ std::string MemberSignature(const MemberInfo& member);
 // its number and its own messages, what it leaves behind after a failure.
 std::vector<std::string> DescribeMember(const MemberInfo& member);
 
+// The examples as a shell session, a line each: "$ vandpublic call IsHex 1F", "True".
+std::vector<std::string> ExampleLines(const MemberInfo& member);
+
 // The default as the classic languages write it: "True", "8", """ """.
 std::string DefaultText(const Parameter& parameter);
 

@@ -22,6 +22,10 @@ void WriteMember(std::ostream& out, const MemberInfo& member, std::size_t slot) 
   out << "\n\n    " << MemberSignature(member) << "\n";
   for (const std::string& paragraph : DescribeMember(member))
     out << "\n" << paragraph << "\n";
+  const auto examples = ExampleLines(member);
+  if (!examples.empty()) out << "\n";
+  for (const std::string& line : examples)
+    out << "    " << line << "\n";
   out << "\n";
 }
 
@@ -30,7 +34,8 @@ Page MembersPage() {
   out << kNotice
       << "# The members of clsPublic\n\n"
          "In the order of the interface's slots. `ByRef` marks what the caller's variable "
-         "receives; brackets mark what can be left out.\n\n";
+         "receives; brackets mark what can be left out. Blanks at the ends of lines are not shown "
+         "in the examples.\n\n";
   std::size_t slot = 0;
   for (const MemberInfo& member : MemberTable())
     WriteMember(out, member, ++slot);
