@@ -72,13 +72,15 @@ TEST(RecordReader, Lines_come_with_their_numbers) {
   EXPECT_THAT(Records({"a\nb\n", "c"}, kLines), ElementsAre("1:a\n", "2:b\n", "3:c"));
   EXPECT_THAT(Records({}, kLines), ElementsAre());
   EXPECT_THAT(Records({"\n\n"}, kLines), ElementsAre("1:\n", "2:\n"));
-  EXPECT_THAT(Records({"\xEF\xBB\xBF" "a\n"}, kLines), ElementsAre("1:a\n"));
+  EXPECT_THAT(Records({"\xEF\xBB\xBF"
+                       "a\n"},
+                      kLines),
+              ElementsAre("1:a\n"));
 }
 
 TEST(RecordReader, A_quoted_line_end_does_not_end_a_record) {
   EXPECT_THAT(Records({"a,\"b\nc\"\nd\n"}, kCsv), ElementsAre("1:a,\"b\nc\"\n", "3:d\n"));
-  EXPECT_THAT(Records({"a,\"b\nc\"\nd\n"}, kLines),
-              ElementsAre("1:a,\"b\n", "2:c\"\n", "3:d\n"));
+  EXPECT_THAT(Records({"a,\"b\nc\"\nd\n"}, kLines), ElementsAre("1:a,\"b\n", "2:c\"\n", "3:d\n"));
 }
 
 TEST(RecordReader, Pieces_may_end_anywhere) {
