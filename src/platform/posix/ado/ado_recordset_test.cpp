@@ -374,6 +374,17 @@ TEST_F(AdoRecordsetTest, Rows_that_are_cut_off_stay_readable) {
   EXPECT_EQ(RaisedBy([&] { Call(*rows, "Requery"); }).number, kBadConnection);
 }
 
+TEST_F(AdoRecordsetTest, Requery_keeps_fields_and_another_opening_does_not) {
+  const auto rows = Open();
+  const FieldRef name = FieldOf(*rows, u"name");
+  Call(*rows, "Requery");
+  EXPECT_EQ(name->GetValue(), Variant(u"one"));
+  rows->Close();
+  EXPECT_EQ(RaisedBy([&] { name->GetValue(); }).number, kClosed);
+  rows->Open(u"rows", connection_, -1, -1, -1);
+  EXPECT_EQ(RaisedBy([&] { name->GetValue(); }).number, kClosed);
+}
+
 TEST_F(AdoRecordsetTest, Requery_sees_what_is_there_now) {
   const auto rows = Open();
   table_.rows.erase(table_.rows.begin());
