@@ -31,7 +31,8 @@ class MariaDbSource final : public TestSource {
 
   void Start() override {
     RunProgram({"mariadb-install-db", "--no-defaults", "--skip-test-db",
-                "--auth-root-authentication-method=normal", "--datadir=" + Data()});
+                "--auth-root-authentication-method=normal", "--datadir=" + Data(),
+                "--innodb-log-file-size=4M"});
     Restart();
     RunProgram({"mariadb", "--no-defaults", "--user=root", "--socket=" + Socket()},
                "CREATE DATABASE first CHARACTER SET utf8mb4;"
@@ -55,7 +56,8 @@ class MariaDbSource final : public TestSource {
         Arguments{server_file_, "--no-defaults", "--datadir=" + Data(), "--socket=" + Socket(),
                   "--bind-address=127.0.0.1", "--port=" + port_, "--skip-name-resolve",
                   "--pid-file=" + (folder_ / "pid").string(), "--innodb-flush-log-at-trx-commit=2",
-                  "--innodb-buffer-pool-size=16M", "--max-allowed-packet=16M"},
+                  "--innodb-buffer-pool-size=16M", "--max-allowed-packet=16M",
+                  "--innodb-log-file-size=4M"},
         folder_ / "server.log");
     for (int i = 0; i < 300; ++i) {
       try {

@@ -29,6 +29,8 @@ constexpr int kCannotRun = 127;
     }
     prctl(PR_SET_PDEATHSIG, SIGKILL);  // changing the user has cleared it
   }
+  // A server whose files reach a limit of theirs sees a full disk; without this it would be killed.
+  signal(SIGXFSZ, SIG_IGN);
   // Messages that tests read are in English, whatever the test program runs in.
   setenv("LC_ALL", "C.UTF-8", 1);
   dup2(input, STDIN_FILENO);
