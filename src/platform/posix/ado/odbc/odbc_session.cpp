@@ -133,10 +133,12 @@ OdbcSession::~OdbcSession() {
 OdbcHandle OdbcSession::NewStatement() const { return {SQL_HANDLE_STMT, connection_}; }
 
 void OdbcSession::LimitTime(const OdbcHandle& statement) const {
-  // Drivers that cannot do it say so; their statements run without a limit.
-  connection_.library().SetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT,
-                                    AttributeValue(static_cast<std::uintptr_t>(command_timeout_)),
-                                    SQL_IS_UINTEGER);
+  if (!can_limit_time_) return;
+  // Drivers that cannot do it say so, and are asked once; their statements run without a limit.
+  const SQLRETURN set = connection_.library().SetStmtAttr(
+      statement.get(), SQL_ATTR_QUERY_TIMEOUT,
+      AttributeValue(static_cast<std::uintptr_t>(command_timeout_)), SQL_IS_UINTEGER);
+  can_limit_time_ = SQL_SUCCEEDED(set);
 }
 
 Result OdbcSession::Execute(const std::string& text, bool updatable) {
@@ -175,6 +177,7 @@ void OdbcSession::Run(const std::string& text) const {
 
 void OdbcSession::SetCommandTimeout(Long seconds) {
   command_timeout_ = seconds;
+  can_limit_time_ = true;
   if (connection_.kind() != OdbcKind::MariaDb) return;
   // Its driver ignores the statement attribute, and locks have a time limit of their own. Not every
   // server of the family knows both settings.

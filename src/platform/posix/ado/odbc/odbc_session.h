@@ -38,6 +38,7 @@ class OdbcSession final : public Session {
   OdbcHandle connection_;
   bool in_transaction_ = false;
   Long command_timeout_ = 0;
+  mutable bool can_limit_time_ = true;
 };
 
 // Opens what the string names through the ODBC driver manager.
