@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 
@@ -282,6 +283,19 @@ TEST_F(ErrorsTest, Very_long_connection_strings_do_no_harm) {
 }
 
 class FaultsTest : public DbfTest {};
+
+TEST_F(FaultsTest, Statement_that_takes_too_long_is_stopped) {
+  // Three rows to the power of twenty.
+  std::string statement = "Select Count(*) From made";
+  for (int i = 1; i < 20; ++i)
+    statement += ", made t" + std::to_string(i);
+  Set(*connection_, "CommandTimeout", Long{1});
+  const auto start = std::chrono::steady_clock::now();
+  const Raised raised = Running(statement.c_str());
+  EXPECT_EQ(raised, (Raised{static_cast<Long>(0x80040E31), kOdbcSource, "Timeout expired"}));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_EQ(LookUp("id", "made", "name", "two"), "Long 2");
+}
 
 TEST_F(FaultsTest, Many_look_ups_leave_nothing_behind) {
   const auto look_up = [&](int times) {

@@ -218,6 +218,19 @@ TEST_F(ErrorsTest, Very_long_connection_strings_do_no_harm) {
 
 class FaultsTest : public JetTest {};
 
+TEST_F(FaultsTest, Statement_that_takes_too_long_is_stopped) {
+  // Two rows to the power of thirty.
+  std::string statement = "Select Count(*) From Table1";
+  for (int i = 1; i < 30; ++i)
+    statement += ", Table1 t" + std::to_string(i);
+  Set(*connection_, "CommandTimeout", Long{1});
+  const auto start = std::chrono::steady_clock::now();
+  const Raised raised = Running(statement.c_str());
+  EXPECT_EQ(raised, (Raised{static_cast<Long>(0x80040E31), kJetSource, "Timeout expired"}));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
+  EXPECT_EQ(LookUp("A", "Table1", "C", "2", false), "String abcdefg");
+}
+
 TEST_F(FaultsTest, Many_look_ups_leave_nothing_behind) {
   const auto look_up = [&](int times) {
     for (int i = 0; i < times; ++i)

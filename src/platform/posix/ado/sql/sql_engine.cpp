@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <optional>
 #include <stdexcept>
 #include <utility>
@@ -71,9 +72,13 @@ std::optional<BaseColumn> BaseOf(const char* declared_type) {
 // Runs one statement.
 class Run {
  public:
-  Run(TableSource& source, Dialect dialect, const std::string& text)
+  // A time limit in seconds, 0 for none.
+  Run(TableSource& source, Dialect dialect, const std::string& text, Long time_limit)
       : dialect_(dialect), statement_(ReadStatement(text, dialect)) {
     state_.dialect = dialect;
+    if (time_limit > 0) {
+      state_.deadline = std::chrono::steady_clock::now() + std::chrono::seconds(time_limit);
+    }
     for (const std::string& name : statement_.tables) {
       auto table = source.Open(name);
       if (table == nullptr) RaiseNoTable(dialect, name);
@@ -157,7 +162,7 @@ class Run {
     for (;;) {
       const int code = Sqlite().step(prepared);
       if (code == SQLITE_DONE) return;
-      if (code != SQLITE_ROW) RaiseStepFailed(connection);
+      if (code != SQLITE_ROW) RaiseStepFailed(connection, code);
       Row row;
       const int count = static_cast<int>(result_.columns.size());
       if (with_locator) row.locator = Sqlite().column_int64(prepared, count);
@@ -167,8 +172,11 @@ class Run {
     }
   }
 
-  [[noreturn]] void RaiseStepFailed(const SqliteConnection& connection) {
+  [[noreturn]] void RaiseStepFailed(const SqliteConnection& connection, int code) {
     if (state_.failure) RethrowAsSourceError();
+    if (code == SQLITE_INTERRUPT) {
+      Raise(SourceError::TimedOut, SourceOf(dialect_), "Timeout expired");
+    }
     Raise(SourceError::Failed, SourceOf(dialect_), connection.Message());
   }
 
@@ -269,7 +277,7 @@ SqlEngine::SqlEngine(std::unique_ptr<TableSource> source, Dialect dialect)
 }
 
 Result SqlEngine::Execute(const std::string& statement, bool updatable) {
-  return Run(*source_, dialect_, statement).Execute(updatable);
+  return Run(*source_, dialect_, statement, command_timeout_).Execute(updatable);
 }
 
 }  // namespace vandpublic::ado

@@ -22,10 +22,12 @@ class SqlEngine final : public Session {
   SqlEngine(std::unique_ptr<TableSource> source, Dialect dialect);
 
   Result Execute(const std::string& statement, bool updatable) override;
+  void SetCommandTimeout(Long seconds) override { command_timeout_ = seconds; }
 
  private:
   std::unique_ptr<TableSource> source_;
   Dialect dialect_;
+  Long command_timeout_ = 0;
 };
 
 }  // namespace vandpublic::ado

@@ -18,6 +18,8 @@ namespace {
 
 // More than any short column holds; a longer text would only be a way to use up the memory.
 constexpr std::size_t kLongestMadeText = 65535;
+// Replacing may make a memo longer, but not fill the memory.
+constexpr std::size_t kLongestReplacedText = std::size_t{1} << 24;
 
 std::u16string TextOf(SqlArguments a, std::size_t i) { return std::u16string(ToText(a[i]).view()); }
 
@@ -102,6 +104,7 @@ Variant Replace(SqlArguments a, Dialect) {
   std::size_t at = 0;
   for (std::size_t found = 0; (found = text.find(wanted, at)) != std::u16string::npos;) {
     result.append(text, at, found - at).append(other);
+    if (result.size() > kLongestReplacedText) RaiseFault(FaultNumber::OutOfMemory);
     at = found + wanted.size();
   }
   return Text(result.append(text, at));

@@ -23,6 +23,9 @@ namespace {
 constexpr std::array<std::string_view, 9> kOwnFunctions = {
     "count", "sum", "avg", "min", "max", "total", "like", "coalesce", "nullif"};
 
+// Of SQLite's machine, between looks at the clock.
+constexpr int kStepsBetweenLooks = 1000;
+
 struct BoundFunction {
   const SqlFunction* function;
   EngineState* state;
@@ -148,6 +151,12 @@ void RegisterFunctions(sqlite3* database, EngineState& state) {
       sqlite.create_collation_v2(database, "vp_text", SQLITE_UTF8, nullptr, CompareTexts, nullptr));
 }
 
+// Anything but 0 ends the statement.
+int IsOverdue(void* data) {
+  const auto& state = *static_cast<const EngineState*>(data);
+  return std::chrono::steady_clock::now() > *state.deadline ? 1 : 0;
+}
+
 std::string Quoted(const std::string& name) {
   std::string quoted = "\"";
   for (const char c : name) {
@@ -179,6 +188,9 @@ SqliteConnection::SqliteConnection(EngineState& state, const std::vector<std::st
     const bool made = create != nullptr && Sqlite().step(create.get()) == SQLITE_DONE;
     if (state_.failure) std::rethrow_exception(state_.failure);
     if (!made) throw std::runtime_error(Message());
+  }
+  if (state_.deadline) {
+    Sqlite().progress_handler(database_.get(), kStepsBetweenLooks, IsOverdue, &state_);
   }
   Check(Sqlite().set_authorizer(database_.get(), AuthorizeCall, &state_));
 }

@@ -51,6 +51,8 @@ struct SqliteLibrary {
       library.Function<decltype(sqlite3_declare_vtab)>("sqlite3_declare_vtab");
   decltype(sqlite3_set_authorizer)* set_authorizer =
       library.Function<decltype(sqlite3_set_authorizer)>("sqlite3_set_authorizer");
+  decltype(sqlite3_progress_handler)* progress_handler =
+      library.Function<decltype(sqlite3_progress_handler)>("sqlite3_progress_handler");
   decltype(sqlite3_vtab_nochange)* vtab_nochange =
       library.Function<decltype(sqlite3_vtab_nochange)>("sqlite3_vtab_nochange");
   decltype(sqlite3_user_data)* user_data =

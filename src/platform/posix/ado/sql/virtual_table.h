@@ -2,8 +2,10 @@
 #ifndef VANDPUBLIC_PLATFORM_POSIX_ADO_SQL_VIRTUAL_TABLE_H
 #define VANDPUBLIC_PLATFORM_POSIX_ADO_SQL_VIRTUAL_TABLE_H
 
+#include <chrono>
 #include <exception>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,6 +24,8 @@ struct EngineState {
   // A function that a statement named and the dialect does not have.
   std::string unknown_function;
   bool may_write = false;
+  // When a statement that still runs is ended; nothing: never.
+  std::optional<std::chrono::steady_clock::time_point> deadline;
 };
 
 // Makes the module known to the connection. Its tables are made by
