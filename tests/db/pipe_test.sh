@@ -40,3 +40,13 @@ cmp picture returned
 sqlite3 pictures.db "SELECT writefile('stored', photo) FROM p" >/dev/null
 cmp picture stored
 echo "a megabyte there and back, and the same in the file"
+
+# Where the driver manager knows no driver, a source without a driver of its own has no provider.
+mkdir none
+: >none/odbcinst.ini
+ODBCSYSINI="$work/none" "$tool" pipe >replies <<END
+{"new":"ADODB.Connection","as":"db"}
+{"member":"OpenConnAsSQLDNS","args":[{"var":"db"},"Nowhere","","",""]}
+END
+[ "$(grep -c 'Provider cannot be found. It may not be properly installed.' replies)" -eq 1 ]
+echo "no provider without drivers"
