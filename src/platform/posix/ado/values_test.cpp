@@ -105,7 +105,7 @@ TEST(ColumnValue, That_does_not_fit_is_the_wrong_type) {
   };
   for (const auto& [type, value] : cases) {
     const Column column{"", type};
-    EXPECT_EQ(RaisedBy([&] { ToColumnValue(column, value); }),
+    EXPECT_EQ(RaisedBy([&column, &unfit = value] { ToColumnValue(column, unfit); }),
               (Raised{static_cast<Long>(0x800A0D5D), "ADODB.Field",
                       "Application uses a value of the wrong type for the current operation."}))
         << static_cast<Long>(type);
