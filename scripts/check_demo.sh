@@ -13,6 +13,9 @@ expect() {
 }
 expect '-> result   = "7F 1D 0A 77 82 6B 8A FF "'
 expect '-> result   = "01 23 45 67 89 AB CD E7 "'
+expect '-> rstr_ReturnValue = 7'
+expect 'the column now holds 27661 bytes'
+expect 'the two files are the same'
 expect '-> abyt_DivKey = "63 FA F3 6D 19 57 1F CE 77 08 74 48 62 9E BC 92 "'
 expect '-> rabyt_MAC = "E9 08 62 30 "'
 expect '-> restored = "user=7;pin=1234"'

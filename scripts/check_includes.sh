@@ -10,10 +10,11 @@ runtime:
 members: runtime
 platform: runtime
 platform/posix: runtime platform platform/posix/ado
-platform/posix/ado: runtime platform platform/posix platform/posix/ado/odbc
+platform/posix/ado: runtime platform platform/posix platform/posix/ado/odbc platform/posix/ado/jet platform/posix/ado/dbf
 platform/posix/ado/odbc: runtime platform/posix/ado
-platform/posix/ado/jet: runtime platform/posix platform/posix/ado
-platform/posix/ado/dbf: runtime platform/posix platform/posix/ado
+platform/posix/ado/sql: runtime platform platform/posix platform/posix/ado
+platform/posix/ado/jet: runtime platform platform/posix platform/posix/ado platform/posix/ado/sql
+platform/posix/ado/dbf: runtime platform platform/posix platform/posix/ado platform/posix/ado/sql
 frame: runtime members platform
 convert: runtime members platform frame
 text: runtime members platform frame

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Installs what is missing of the named groups of packages.txt (all groups: build test lint bench).
+# Installs what is missing of the named groups of packages.txt (all groups: build test lint db
+# bench).
 #
 #   scripts/setup.sh build test
 set -eu

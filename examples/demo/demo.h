@@ -16,6 +16,9 @@ void Show(vandpublic::clsPublic& component, const std::string& what, vandpublic:
 void ShowCiphers(vandpublic::clsPublic& component);
 // A card key from a master key, a retail MAC under it, a protected text and back.
 void ShowKeys(vandpublic::clsPublic& component);
+// An SQLite source made in the folder: a value looked up, and a picture in a binary column and
+// back. Needs SQLite's ODBC driver (libsqliteodbc). False where something did not work.
+bool ShowDatabases(vandpublic::clsPublic& component, const std::string& folder);
 // An error caught, and the log that it left in the folder.
 void ShowFailure(vandpublic::clsPublic& component, const std::string& folder);
 

@@ -1,7 +1,7 @@
-// The component's main jobs as a client sees them: encipher, decipher, manage keys, fail, read the
-// log.
+// The component's main jobs as a client sees them: encipher, decipher, manage keys, look a value
+// up in a database, fail, read the log.
 //
-//   demo FOLDER    the log is written to FOLDER/LOG
+//   demo FOLDER    the log is written to FOLDER/LOG, the database to FOLDER
 #include <iostream>
 
 #include "demo.h"
@@ -28,6 +28,7 @@ int main(int argc, char** argv) {
 
   ShowCiphers(component);
   ShowKeys(component);
+  const bool databases_work = ShowDatabases(component, folder);
   ShowFailure(component, folder);
-  return 0;
+  return databases_work ? 0 : 1;
 }

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "runtime/utf8.h"
+#include "support/test_data.h"
 
 namespace vandpublic {
 
@@ -14,6 +15,11 @@ TempFolder::TempFolder() {
   std::string name = std::filesystem::temp_directory_path() / "vandpublic-test-XXXXXX";
   if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
   path_ = name;
+}
+
+TempFolder::TempFolder(const std::vector<std::string>& samples) : TempFolder() {
+  for (const std::string& sample : samples)
+    Write(sample.substr(sample.find_last_of('/') + 1), ReadSample(sample));
 }
 
 TempFolder::~TempFolder() {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vandpublic {
 
@@ -12,6 +13,8 @@ namespace vandpublic {
 class TempFolder {
  public:
   TempFolder();
+  // With copies of these files below tests/data.
+  explicit TempFolder(const std::vector<std::string>& samples);
   ~TempFolder();
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
@@ -19,6 +22,7 @@ class TempFolder {
   const std::filesystem::path& path() const noexcept { return path_; }
   // The path of something inside, as the members take it.
   std::u16string Inside(std::string_view name) const;
+  std::string File(std::string_view name) const { return (path_ / name).string(); }
 
   void Write(std::string_view name, std::string_view bytes) const;
   // Writes an executable script for /bin/sh that finds the usual tools. Its path.

@@ -7,6 +7,12 @@
 
 namespace vandpublic {
 
+// The path of a data file or folder.
+std::string SamplePath(const std::string& name);
+
+// A whole file; throws std::runtime_error when there is none.
+std::string ReadSample(const std::string& name);
+
 // The lines of a data file without empty ones and those that start with "#". Throws
 // std::runtime_error when there is no such file or nothing in it.
 std::vector<std::string> ReadLines(const std::string& name);

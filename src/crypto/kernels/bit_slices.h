@@ -130,7 +130,7 @@ class BitSlices {
     for (int p = 0; p < passes.count; ++p) {
       for (std::size_t bit = 0; bit < 64; ++bit) {
         const std::uint64_t mask =
-            0 - std::uint64_t{passes.pass[p].key[bit / 8] >> (7 - bit % 8) & 1u};
+            0 - (std::uint64_t{passes.pass[p].key[bit / 8]} >> (7 - bit % 8) & 1u);
         masks_[p][bit] = mask;
         masks_[p][64 + bit] = ~mask;
       }

@@ -127,7 +127,8 @@ void AdoConnection::Open(std::u16string_view connection_string, std::u16string_v
   if (parsed.Find("Connect Timeout") == nullptr) {
     parsed.Set("Connect Timeout", std::to_string(connection_timeout));
   }
-  session_ = FindProvider(parsed)(parsed);
+  const OpenSession open = open_ != nullptr ? open_ : FindProvider(parsed);
+  session_ = open(parsed);
   session_->SetCommandTimeout(command_timeout_);
 }
 

@@ -20,6 +20,10 @@ class AdoRecordset;
 // in them, and undoes a transaction.
 class AdoConnection final : public Connection, public std::enable_shared_from_this<AdoConnection> {
  public:
+  AdoConnection() = default;
+  // Opens everything with this function, whatever the string says.
+  explicit AdoConnection(OpenSession open) : open_(open) {}
+
   void SetConnectionString(std::u16string_view text) override;
   void Open(std::u16string_view connection_string, std::u16string_view user_id,
             std::u16string_view password, Long options) override;
@@ -54,6 +58,7 @@ class AdoConnection final : public Connection, public std::enable_shared_from_th
   void RequireOpen() const;
   void RequireTransaction() const;
 
+  OpenSession open_ = nullptr;
   std::u16string connection_string_;
   std::u16string provider_;
   std::unique_ptr<Session> session_;

@@ -33,6 +33,13 @@ void RequireRange(Long value, Long least, Long most) {
   if (value < least || value > most) Raise(ObjectError::InvalidArgument, kRecordsetSource);
 }
 
+bool SameColumns(const std::vector<Column>& a, const std::vector<Column>& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](const Column& one, const Column& other) {
+                      return one.name == other.name && one.type == other.type;
+                    });
+}
+
 }  // namespace
 
 AdoRecordset::~AdoRecordset() { Abandon(); }
@@ -97,9 +104,10 @@ void AdoRecordset::SetSource(std::u16string source) {
 }
 
 void AdoRecordset::Load(Result result) {
+  // Fields that a client holds stay good when the same statement is run again.
+  if (!IsOpen() || !SameColumns(rows_->columns(), result.columns)) ++generation_;
   rows_.emplace(std::move(result));
   chunks_ = {};
-  ++generation_;
   connection_->Add(*this);
 }
 

@@ -76,6 +76,7 @@ Variant Convert(DataType type, const Variant& value) {
     case DataType::VarBinary:
     case DataType::LongVarBinary:
       return ToBytes(value);
+    case DataType::Date:
     case DataType::DBDate:
     case DataType::DBTime:
     case DataType::DBTimeStamp:

@@ -10,7 +10,6 @@ namespace vandpublic::ado {
 namespace {
 
 constexpr std::chrono::sys_days kDayZero{std::chrono::year{1899} / 12 / 30};
-constexpr double kMicrosecondsPerDay = 86400e6;
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 
@@ -77,26 +76,45 @@ std::string Formatted(const char* format, Numbers... numbers) {
 
 }  // namespace
 
-std::optional<Date> ToDate(const CivilTime& time) {
-  const std::chrono::year_month_day day{std::chrono::year{time.year},
-                                        std::chrono::month{time.month}, std::chrono::day{time.day}};
-  if (!day.ok() || time.year < kFirstYear || time.year > kLastYear) return std::nullopt;
-  if (time.hour > 23 || time.minute > 59 || time.second > 59) return std::nullopt;
-  const auto days = static_cast<double>((std::chrono::sys_days{day} - kDayZero).count());
-  const double seconds = 3600.0 * time.hour + 60.0 * time.minute + time.second;
-  const double fraction = (seconds * 1e6 + time.nanosecond / 1e3) / kMicrosecondsPerDay;
-  // Before day 0 the fraction still counts forwards from midnight: -1.25 is 6 o'clock of day -1.
-  return Date{days < 0 ? days - fraction : days + fraction};
+std::optional<std::int64_t> DayNumber(int year, int month, int day) noexcept {
+  if (year < kFirstYear || year > kLastYear || month < 1 || day < 1) return std::nullopt;
+  const std::chrono::year_month_day date{std::chrono::year{year},
+                                         std::chrono::month{static_cast<unsigned>(month)},
+                                         std::chrono::day{static_cast<unsigned>(day)}};
+  if (!date.ok()) return std::nullopt;
+  return (std::chrono::sys_days{date} - kDayZero).count();
 }
 
-std::optional<CivilTime> ToCivilTime(Date date) {
+std::optional<std::int64_t> MillisecondsOf(int hour, int minute, int second) noexcept {
+  if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59) {
+    return std::nullopt;
+  }
+  return ((hour * 60LL + minute) * 60 + second) * 1000;
+}
+
+Date JoinDayAndTime(std::int64_t day, std::int64_t milliseconds) noexcept {
+  const auto days = static_cast<double>(day);
+  const double fraction =
+      static_cast<double>(milliseconds) / static_cast<double>(kMillisecondsOfDay);
+  return Date{day < 0 ? days - fraction : days + fraction};
+}
+
+std::optional<Date> ToDate(const CivilTime& time) {
+  const auto day = DayNumber(time.year, static_cast<int>(time.month), static_cast<int>(time.day));
+  const auto milliseconds = MillisecondsOf(
+      static_cast<int>(time.hour), static_cast<int>(time.minute), static_cast<int>(time.second));
+  if (!day || !milliseconds) return std::nullopt;
+  return JoinDayAndTime(*day, *milliseconds + (time.nanosecond + 500'000) / 1'000'000);
+}
+
+std::optional<CivilTime> ToCivilTime(Date date, std::int64_t unit) {
   constexpr double kFarthest = 3e6;
   if (!(std::fabs(date.days) < kFarthest)) return std::nullopt;
   double day = std::trunc(date.days);
-  auto part =
-      static_cast<std::int64_t>(std::llround(std::fabs(date.days - day) * kMicrosecondsPerDay));
-  if (part >= static_cast<std::int64_t>(kMicrosecondsPerDay)) {
-    part -= static_cast<std::int64_t>(kMicrosecondsPerDay);
+  const auto units_of_day = static_cast<double>(kMillisecondsOfDay / unit);
+  std::int64_t part = std::llround(std::fabs(date.days - day) * units_of_day) * unit;
+  if (part >= kMillisecondsOfDay) {
+    part -= kMillisecondsOfDay;
     ++day;
   }
   const std::chrono::year_month_day civil{kDayZero + std::chrono::days{static_cast<int>(day)}};
@@ -106,11 +124,11 @@ std::optional<CivilTime> ToCivilTime(Date date) {
   time.year = year;
   time.month = static_cast<unsigned>(civil.month());
   time.day = static_cast<unsigned>(civil.day());
-  const std::int64_t seconds = part / 1'000'000;
+  const std::int64_t seconds = part / 1000;
   time.hour = static_cast<unsigned>(seconds / 3600);
   time.minute = static_cast<unsigned>(seconds / 60 % 60);
   time.second = static_cast<unsigned>(seconds % 60);
-  time.nanosecond = static_cast<std::uint32_t>(part % 1'000'000 * 1000);
+  time.nanosecond = static_cast<std::uint32_t>(part % 1000 * 1'000'000);
   return time;
 }
 

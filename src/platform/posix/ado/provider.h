@@ -28,6 +28,7 @@ enum class DataType : Long {
   Single = 4,            // Single
   Double = 5,            // Double
   Currency = 6,          // Currency
+  Date = 7,              // Date
   Boolean = 11,          // Boolean
   UnsignedTinyInt = 17,  // Byte
   BigInt = 20,           // Decimal

@@ -25,6 +25,7 @@ constexpr StateMapping kStates[] = {
     {"22007", SourceError::CannotConvert},    {"22P02", SourceError::CannotConvert},
     {"22001", SourceError::ValueTooLarge},    {"22003", SourceError::ValueTooLarge},
     {"23", SourceError::IntegrityViolation},  {"28", SourceError::LogInFailed},
+    {"57014", SourceError::TimedOut},         {"70100", SourceError::TimedOut},
     {"HYT00", SourceError::TimedOut},         {"HYT01", SourceError::TimedOut},
 };
 
@@ -35,7 +36,7 @@ SourceError FromState(std::string_view state) {
   return found == std::end(kStates) ? SourceError::Failed : found->error;
 }
 
-// Its driver reports every error as HY000; the native code is the engine's own.
+// Its driver reports nearly every error under one state; the native code is the engine's own.
 SourceError FromSqliteCode(SQLINTEGER code, std::string_view text) {
   constexpr SQLINTEGER kError = 1, kReadOnly = 8, kTooBig = 18, kConstraint = 19, kMismatch = 20,
                        kAuthorization = 23;
@@ -102,9 +103,9 @@ void OdbcHandle::RaiseDiagnostic() const {
   std::string text(reinterpret_cast<const char*>(buffer));
   text.erase(text.find_last_not_of(" \r\n") + 1);
   const std::string_view state_text(reinterpret_cast<const char*>(state));
-  const bool by_code = kind_ == OdbcKind::SQLite && state_text == "HY000";
-  Raise(by_code ? FromSqliteCode(code, text) : FromState(state_text), kOdbcSource,
-        WithoutSecret(std::move(text), secret_));
+  const bool by_code = kind_ == OdbcKind::SQLite && code != 0;
+  const SourceError error = by_code ? FromSqliteCode(code, text) : FromState(state_text);
+  Raise(error, kOdbcSource, WithoutSecret(std::move(text), secret_));
 }
 
 }  // namespace vandpublic::ado

@@ -1,68 +1,55 @@
 // Finds the driver manager's entry points.
 #include "platform/posix/ado/odbc/odbc_library.h"
 
-#include <dlfcn.h>
-
 #include <mutex>
+#include <type_traits>
 
-#include "platform/posix/ado/ado_errors.h"
+#include "platform/posix/ado/loaded_library.h"
 
 namespace vandpublic::ado {
 namespace {
 
-// Never unloaded: drivers leave threads and exit handlers behind.
-class LoadedFile {
- public:
-  explicit LoadedFile(const char* name) : handle_(dlopen(name, RTLD_NOW | RTLD_LOCAL)) {
-    if (handle_ == nullptr) Raise(ObjectError::ProviderNotFound, kConnectionSource);
-  }
-
-  template <class Function>
-  void Find(const char* name, Function& function) const {
-    void* const address = dlsym(handle_, name);
-    if (address == nullptr) Raise(ObjectError::ProviderNotFound, kConnectionSource);
-    function = reinterpret_cast<Function>(address);
-  }
-
- private:
-  void* handle_;
-};
-
 constexpr const char* kManager = "libodbc.so.2";
 constexpr const char* kInstaller = "libodbcinst.so.2";
+
+template <class Pointer>
+void Find(const LoadedLibrary& file, const char* name, Pointer& function) {
+  function = file.Function<std::remove_pointer_t<Pointer>>(name);
+}
 
 }  // namespace
 
 std::shared_ptr<const OdbcLibrary> LoadOdbc(const char* manager, const char* installer) {
   // The installer library keeps the drivers' settings; without a hold of our own it goes and comes
   // with each driver, and loses memory each time.
-  const LoadedFile installer_file(installer);
-  const LoadedFile file(manager);
+  const LoadedLibrary installer_file(installer);
+  const LoadedLibrary file(manager);
   auto library = std::make_shared<OdbcLibrary>();
-  file.Find("SQLAllocHandle", library->AllocHandle);
-  file.Find("SQLFreeHandle", library->FreeHandle);
-  file.Find("SQLSetEnvAttr", library->SetEnvAttr);
-  file.Find("SQLSetConnectAttr", library->SetConnectAttr);
-  file.Find("SQLSetStmtAttr", library->SetStmtAttr);
-  file.Find("SQLDriverConnect", library->DriverConnect);
-  file.Find("SQLDisconnect", library->Disconnect);
-  file.Find("SQLEndTran", library->EndTran);
-  file.Find("SQLGetInfo", library->GetInfo);
-  file.Find("SQLGetDiagRec", library->GetDiagRec);
-  file.Find("SQLExecDirect", library->ExecDirect);
-  file.Find("SQLPrepare", library->Prepare);
-  file.Find("SQLBindParameter", library->BindParameter);
-  file.Find("SQLExecute", library->Execute);
-  file.Find("SQLRowCount", library->RowCount);
-  file.Find("SQLNumResultCols", library->NumResultCols);
-  file.Find("SQLDescribeCol", library->DescribeCol);
-  file.Find("SQLColAttribute", library->ColAttribute);
-  file.Find("SQLFetch", library->Fetch);
-  file.Find("SQLGetData", library->GetData);
-  file.Find("SQLColumns", library->Columns);
-  file.Find("SQLPrimaryKeys", library->PrimaryKeys);
-  file.Find("SQLStatistics", library->Statistics);
-  installer_file.Find("SQLGetPrivateProfileString", library->GetPrivateProfileString);
+  Find(file, "SQLAllocHandle", library->AllocHandle);
+  Find(file, "SQLFreeHandle", library->FreeHandle);
+  Find(file, "SQLSetEnvAttr", library->SetEnvAttr);
+  Find(file, "SQLSetConnectAttr", library->SetConnectAttr);
+  Find(file, "SQLSetStmtAttr", library->SetStmtAttr);
+  Find(file, "SQLDriverConnect", library->DriverConnect);
+  Find(file, "SQLDisconnect", library->Disconnect);
+  Find(file, "SQLEndTran", library->EndTran);
+  Find(file, "SQLGetInfo", library->GetInfo);
+  Find(file, "SQLGetDiagRec", library->GetDiagRec);
+  Find(file, "SQLExecDirect", library->ExecDirect);
+  Find(file, "SQLPrepare", library->Prepare);
+  Find(file, "SQLBindParameter", library->BindParameter);
+  Find(file, "SQLExecute", library->Execute);
+  Find(file, "SQLRowCount", library->RowCount);
+  Find(file, "SQLNumResultCols", library->NumResultCols);
+  Find(file, "SQLDescribeCol", library->DescribeCol);
+  Find(file, "SQLColAttribute", library->ColAttribute);
+  Find(file, "SQLFetch", library->Fetch);
+  Find(file, "SQLGetData", library->GetData);
+  Find(file, "SQLDrivers", library->Drivers);
+  Find(file, "SQLColumns", library->Columns);
+  Find(file, "SQLPrimaryKeys", library->PrimaryKeys);
+  Find(file, "SQLStatistics", library->Statistics);
+  Find(installer_file, "SQLGetPrivateProfileString", library->GetPrivateProfileString);
   return library;
 }
 

@@ -33,6 +33,7 @@ struct OdbcLibrary {
   decltype(&::SQLColAttribute) ColAttribute;
   decltype(&::SQLFetch) Fetch;
   decltype(&::SQLGetData) GetData;
+  decltype(&::SQLDrivers) Drivers;
   decltype(&::SQLColumns) Columns;
   decltype(&::SQLPrimaryKeys) PrimaryKeys;
   decltype(&::SQLStatistics) Statistics;

@@ -87,6 +87,19 @@ Long RowsAffected(const OdbcHandle& statement, bool any) {
   return count < 0 ? -1 : static_cast<Long>(std::min<SQLLEN>(count, INT32_MAX));
 }
 
+// Where no driver is installed, a client hears of that rather than of its data source.
+void RequireSomeDriver(const OdbcHandle& environment) {
+  std::array<SQLCHAR, 256> name{};
+  std::array<SQLCHAR, 256> attributes{};
+  SQLSMALLINT name_length = 0;
+  SQLSMALLINT attributes_length = 0;
+  const SQLRETURN first = environment.library().Drivers(
+      environment.get(), SQL_FETCH_FIRST, name.data(), static_cast<SQLSMALLINT>(name.size()),
+      &name_length, attributes.data(), static_cast<SQLSMALLINT>(attributes.size()),
+      &attributes_length);
+  if (first == SQL_NO_DATA) Raise(ObjectError::ProviderNotFound, kConnectionSource);
+}
+
 }  // namespace
 
 OdbcSession::OdbcSession(const ConnectionString& text)
@@ -101,26 +114,38 @@ OdbcSession::OdbcSession(const ConnectionString& text)
     library.SetConnectAttr(connection_.get(), SQL_ATTR_LOGIN_TIMEOUT,
                            AttributeValue(static_cast<std::uintptr_t>(timeout)), SQL_IS_UINTEGER);
   }
-  connection_.Check(library.DriverConnect(connection_.get(), nullptr,
-                                          OdbcText(target.connection_string), SQL_NTS, nullptr, 0,
-                                          nullptr, SQL_DRIVER_NOPROMPT));
+  const SQLRETURN connected =
+      library.DriverConnect(connection_.get(), nullptr, OdbcText(target.connection_string), SQL_NTS,
+                            nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+  if (!SQL_SUCCEEDED(connected)) RequireSomeDriver(environment_);
+  connection_.Check(connected);
 }
 
 OdbcSession::~OdbcSession() {
-  const OdbcLibrary& library = connection_.library();
-  if (in_transaction_) library.EndTran(SQL_HANDLE_DBC, connection_.get(), SQL_ROLLBACK);
-  library.Disconnect(connection_.get());
+  try {
+    if (in_transaction_) EndTransaction(false);
+  } catch (...) {
+    // A connection that is broken has undone it already.
+  }
+  connection_.library().Disconnect(connection_.get());
 }
 
 OdbcHandle OdbcSession::NewStatement() const { return {SQL_HANDLE_STMT, connection_}; }
+
+void OdbcSession::LimitTime(const OdbcHandle& statement) const {
+  if (!can_limit_time_) return;
+  // Drivers that cannot do it say so, and are asked once; their statements run without a limit.
+  const SQLRETURN set = connection_.library().SetStmtAttr(
+      statement.get(), SQL_ATTR_QUERY_TIMEOUT,
+      AttributeValue(static_cast<std::uintptr_t>(command_timeout_)), SQL_IS_UINTEGER);
+  can_limit_time_ = SQL_SUCCEEDED(set);
+}
 
 Result OdbcSession::Execute(const std::string& text, bool updatable) {
   RefuseZeros(text);
   const OdbcHandle statement = NewStatement();
   const OdbcLibrary& library = connection_.library();
-  library.SetStmtAttr(statement.get(), SQL_ATTR_QUERY_TIMEOUT,
-                      AttributeValue(static_cast<std::uintptr_t>(command_timeout_)),
-                      SQL_IS_UINTEGER);
+  LimitTime(statement);
   const bool any = statement.Check(library.ExecDirect(statement.get(), OdbcText(text), SQL_NTS));
   SQLSMALLINT count = 0;
   statement.Check(library.NumResultCols(statement.get(), &count));
@@ -150,32 +175,52 @@ void OdbcSession::Run(const std::string& text) const {
   statement.Check(connection_.library().ExecDirect(statement.get(), OdbcText(text), SQL_NTS));
 }
 
-void OdbcSession::SetAutoCommit(bool on) const {
+void OdbcSession::SetCommandTimeout(Long seconds) {
+  command_timeout_ = seconds;
+  can_limit_time_ = true;
+  if (connection_.kind() != OdbcKind::MariaDb) return;
+  // Its driver ignores the statement attribute, and locks have a time limit of their own. Not every
+  // server of the family knows both settings.
+  constexpr Long kLongestWait = 1073741824;
+  const std::string limit = std::to_string(seconds);
+  const std::string wait = std::to_string(seconds == 0 ? kLongestWait : seconds);
+  for (const std::string& setting :
+       {"max_statement_time = " + limit, "innodb_lock_wait_timeout = " + wait}) {
+    const OdbcHandle statement = NewStatement();
+    connection_.library().ExecDirect(statement.get(), OdbcText("SET SESSION " + setting), SQL_NTS);
+  }
+}
+
+void OdbcSession::StartTransaction() const {
+  // SQLite's driver loses count of transactions when a full disk ends one; the statements of the
+  // engine itself do not.
+  if (connection_.kind() == OdbcKind::SQLite) return Run("BEGIN");
   connection_.Check(connection_.library().SetConnectAttr(
-      connection_.get(), SQL_ATTR_AUTOCOMMIT,
-      AttributeValue(on ? SQL_AUTOCOMMIT_ON : SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER));
+      connection_.get(), SQL_ATTR_AUTOCOMMIT, AttributeValue(SQL_AUTOCOMMIT_OFF), SQL_IS_UINTEGER));
 }
 
 void OdbcSession::EndTransaction(bool commit) const {
-  connection_.Check(connection_.library().EndTran(SQL_HANDLE_DBC, connection_.get(),
-                                                  commit ? SQL_COMMIT : SQL_ROLLBACK));
+  if (connection_.kind() == OdbcKind::SQLite) return Run(commit ? "COMMIT" : "ROLLBACK");
+  const OdbcLibrary& library = connection_.library();
+  connection_.Check(
+      library.EndTran(SQL_HANDLE_DBC, connection_.get(), commit ? SQL_COMMIT : SQL_ROLLBACK));
+  connection_.Check(library.SetConnectAttr(connection_.get(), SQL_ATTR_AUTOCOMMIT,
+                                           AttributeValue(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER));
 }
 
 void OdbcSession::Begin() {
-  SetAutoCommit(false);
+  StartTransaction();
   in_transaction_ = true;
 }
 
 void OdbcSession::Commit() {
   EndTransaction(true);
   in_transaction_ = false;
-  SetAutoCommit(true);
 }
 
 void OdbcSession::Rollback() {
   in_transaction_ = false;
   EndTransaction(false);
-  SetAutoCommit(true);
 }
 
 std::unique_ptr<Session> OpenOdbcSession(const ConnectionString& text) {

@@ -19,15 +19,18 @@ class OdbcSession final : public Session {
   void Begin() override;
   void Commit() override;
   void Rollback() override;
-  void SetCommandTimeout(Long seconds) override { command_timeout_ = seconds; }
+  void SetCommandTimeout(Long seconds) override;
 
   const OdbcHandle& connection() const noexcept { return connection_; }
   OdbcHandle NewStatement() const;
+  // Sets the statement's time limit.
+  void LimitTime(const OdbcHandle& statement) const;
   // Runs a statement that returns nothing.
   void Run(const std::string& statement) const;
   bool in_transaction() const noexcept { return in_transaction_; }
-  // Switches between statements that count at once and statements that wait for EndTransaction.
-  void SetAutoCommit(bool on) const;
+  // What is done from now on counts when EndTransaction commits it; after that statements count
+  // at once again.
+  void StartTransaction() const;
   void EndTransaction(bool commit) const;
 
  private:
@@ -35,6 +38,7 @@ class OdbcSession final : public Session {
   OdbcHandle connection_;
   bool in_transaction_ = false;
   Long command_timeout_ = 0;
+  mutable bool can_limit_time_ = true;
 };
 
 // Opens what the string names through the ODBC driver manager.

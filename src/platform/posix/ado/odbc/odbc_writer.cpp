@@ -20,14 +20,18 @@ class WriteScope {
     if (session_.in_transaction()) {
       session_.Run("SAVEPOINT vandpublic_write");
     } else {
-      session_.SetAutoCommit(false);
+      session_.StartTransaction();
     }
   }
   WriteScope(const WriteScope&) = delete;
   WriteScope& operator=(const WriteScope&) = delete;
   ~WriteScope() {
-    if (!done_) Quietly([&] { End(false); });
-    if (!session_.in_transaction()) Quietly([&] { session_.SetAutoCommit(true); });
+    if (done_) return;
+    try {
+      End(false);
+    } catch (...) {
+      // The error that brought us here matters, not what a broken connection adds.
+    }
   }
 
   void Commit() {
@@ -42,15 +46,6 @@ class WriteScope {
     } else {
       if (!commit) session_.Run("ROLLBACK TO SAVEPOINT vandpublic_write");
       session_.Run("RELEASE SAVEPOINT vandpublic_write");
-    }
-  }
-
-  // The error that brought us here matters, not what a broken connection adds.
-  template <class Work>
-  static void Quietly(Work work) noexcept {
-    try {
-      work();
-    } catch (...) {
     }
   }
 
@@ -210,6 +205,7 @@ void OdbcWriter::Execute(const std::string& text, const std::vector<std::size_t>
                          const std::vector<const Variant*>& values) {
   WriteScope scope(session_);
   const OdbcHandle statement = session_.NewStatement();
+  session_.LimitTime(statement);
   const OdbcLibrary& library = statement.library();
   statement.Check(library.Prepare(statement.get(), OdbcText(text), SQL_NTS));
   std::vector<std::unique_ptr<OdbcParameter>> parameters;
