@@ -22,7 +22,8 @@ crypto/kernels: runtime crypto
 env: runtime members platform frame convert
 db: runtime members platform frame
 invoke: runtime members platform frame
-cli: runtime members platform platform/posix frame invoke
+cli: runtime members platform platform/posix frame invoke cli/batch
+cli/batch: runtime members platform frame invoke cli
 '
 
 find . -name '*.h' -o -name '*.cpp' -o -name '*.inc' | sed 's|^\./||' | sort | while read -r file; do

@@ -93,9 +93,10 @@ class Parser {
       if (missing) throw UsageError("option '" + name + "' needs " + std::string(option.value));
       value = equals == text.npos ? Take() : text.substr(equals + 1);
     }
-    if (!line_.options.emplace(option.name, std::move(value)).second) {
+    if (!option.repeats && line_.Has(option.name)) {
       throw UsageError("option '" + name + "' is given twice");
     }
+    line_.options.emplace(option.name, std::move(value));
   }
 
   void CheckOwners() const {
@@ -143,6 +144,14 @@ std::optional<std::string> CommandLine::Value(std::string_view option) const {
   const auto found = options.find(option);
   if (found == options.end()) return std::nullopt;
   return found->second;
+}
+
+std::vector<std::string> CommandLine::Values(std::string_view option) const {
+  std::vector<std::string> values;
+  const auto [first, last] = options.equal_range(option);
+  for (auto found = first; found != last; ++found)
+    values.push_back(found->second);
+  return values;
 }
 
 CommandLine ParseCommandLine(std::span<const char* const> arguments) {

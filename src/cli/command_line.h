@@ -25,6 +25,7 @@ struct Option {
   std::string_view name;   // "--codepage"
   std::string_view value;  // what stands for its value in the help text; empty: it takes none
   std::string_view help;
+  bool repeats = false;  // may be given more than once
 };
 
 struct Command {
@@ -41,11 +42,13 @@ std::span<const Command> Commands() noexcept;
 
 struct CommandLine {
   const Command* command = nullptr;  // null when none was named
-  std::map<std::string_view, std::string> options;
+  std::multimap<std::string_view, std::string> options;
   std::vector<std::string> words;
 
   bool Has(std::string_view option) const { return options.contains(option); }
   std::optional<std::string> Value(std::string_view option) const;
+  // All values of an option that may be repeated, in their order.
+  std::vector<std::string> Values(std::string_view option) const;
 };
 
 // Takes the arguments behind the program's name apart. Options may stand anywhere, as "--name

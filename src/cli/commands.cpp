@@ -20,6 +20,24 @@ constexpr Option kCallOptions[] = {
     {"--log-name", "NAME", "set LogFileName (default: ERROR.log)"},
 };
 
+constexpr Option kBatchOptions[] = {
+    {"--column", "P=COLUMN", "the column that gives parameter P its value (repeatable)", true},
+    {"--reference", "P=COLUMN", "write by-reference parameter P to a column (repeatable)", true},
+    {"--result", "COLUMN", "name of the result's column (default: result)"},
+    {"--format", "FORMAT", "csv or jsonl (default: csv)"},
+    {"--separator", "C", "between the fields of a CSV row (default: a comma; \\t: a tab)"},
+    {"--no-header", "", "the first row is data; columns are numbers from 1"},
+    {"--drop-input", "", "write the new columns only"},
+    {"--input", "FILE", "read this file (default: standard input)"},
+    {"--output", "FILE", "write this file (default: standard output)"},
+    {"--resume", "", "go on behind the rows that the output has already"},
+    {"--jobs", "N", "threads (default: one for each processor)"},
+    {"--app-path", "DIR", "call Init with this folder first"},
+    {"--debug-mode", "N", "set DebugMode (default: DEBUG_MODE_OFF)"},
+    {"--log-path", "DIR", "set LogFilePath"},
+    {"--log-name", "NAME", "set LogFileName"},
+};
+
 constexpr Option kMembersOptions[] = {
     {"--json", "", "print the table as JSON"},
 };
@@ -91,6 +109,31 @@ Exit status: 0 at the end of input, 2 when reading or writing fails or the comma
 
 )";
 
+constexpr std::string_view kBatchExamples =
+    R"(  vandpublic batch HexToDec --column istr_HexNumber=code <codes.csv >numbers.csv
+  vandpublic batch FstrDiversifyKey istr_Key=@master.txt --column istr_DivFactor=serial \
+      --input cards.csv --output keys.csv --resume
+  parallel --pipe --keep-order --header : vandpublic batch IsHex --column istr_HexNumber=code
+)";
+
+constexpr std::string_view kBatchNotes =
+    R"(Calls one member for every row, on all processors, and writes the rows in the same order with
+new columns behind: the result, the by-reference parameters that --reference names, and "error".
+Arguments that no --column gives are words, as in call, and the same for all rows. A column may be
+named like its parameter: --column istr_HexNumber.
+
+A row that cannot be used keeps its place, with empty results and the reason in "error"; a line on
+standard error names it, and the rest goes on. JSON lines (--format jsonl) have objects as rows,
+their values in the form of the pipe.
+
+With --output and --resume an interrupted run goes on behind its last complete row; options and
+input must be the same. Rows of more than 1 MB are not read.
+
+Exit status: 0 all rows are good, 1 some are not, 2 reading or writing failed or the command line
+is wrong.
+
+)";
+
 constexpr std::string_view kMembersExamples = R"(  vandpublic members
   vandpublic members FstrDES3
   vandpublic members --json
@@ -128,6 +171,9 @@ constexpr Command kCommands[] = {
      kPipeExamples,
      kPipeNotes,
      {}},
+    {"batch", "Calls one member for every row of a file, on all processors.",
+     "batch [OPTION...] MEMBER [VALUE | NAME=VALUE]...", kBatchExamples, kBatchNotes,
+     kBatchOptions},
     {"members", "Lists the members, or describes one.", "members [OPTION...] [MEMBER]",
      kMembersExamples, kMembersNotes, kMembersOptions},
     {"registry",

@@ -30,6 +30,9 @@ class PipeSession {
   // The same for a request that is parsed already. "id" is checked by nobody and not echoed.
   Json Handle(const Json& request);
 
+  // The component that requests without "on" are about.
+  clsPublic& component() noexcept { return component_; }
+
   // Keeps an object of the host's under a name, as {"new":...,"as":name} does.
   void Keep(std::string name, ObjectRef object);
 

@@ -10,6 +10,7 @@
 
 #include "cli/command_line.h"
 #include "cli/hex_text.h"
+#include "cli/json_values.h"
 #include "cli/pipe.h"
 #include "runtime/object.h"
 #include "runtime/utf8.h"
@@ -153,6 +154,25 @@ std::string TextFromJson(const Json& value) {
   if (value.contains("utf16le")) return "utf16le:" + value["utf16le"].get<std::string>();
   if (value.contains("object")) return value["object"].get<std::string>();
   return value.dump();
+}
+
+Variant ValueFromWord(std::string_view word, InterfaceType type) {
+  if (type == InterfaceType::String) {
+    String text(word);
+    if (text.ToUtf8() != word) throw UsageError("a value is not in UTF-8");
+    return text;
+  }
+  return DecodeValue(JsonFromWord(word, type), type);
+}
+
+std::string TextFromValue(const Variant& value, InterfaceType type) {
+  return TextFromJson(EncodeValue(value, type));
+}
+
+std::string TextFromError(const Json& error) {
+  const bool own = error["number"].get<std::int64_t>() < 0;
+  return (own ? error["hex"].get<std::string>() : error["number"].dump()) + " " +
+         TextFromJson(error["source"]) + " " + TextFromJson(error["description"]);
 }
 
 std::string WordReader::Read(std::string_view word) {

@@ -8,6 +8,7 @@
 
 #include "cli/json_text.h"
 #include "members/member_table.h"
+#include "runtime/variant.h"
 
 namespace vandpublic {
 
@@ -19,6 +20,14 @@ Json JsonFromWord(std::string_view word, InterfaceType type);
 // between the rows of a two-dimensional one), True and False. Null is the empty text, and so are
 // an absent string, an empty variant and an array that is not dimensioned.
 std::string TextFromJson(const Json& value);
+
+// The same without the JSON in between, for many values. Raises UsageError and ProtocolError.
+Variant ValueFromWord(std::string_view word, InterfaceType type);
+std::string TextFromValue(const Variant& value, InterfaceType type);
+
+// An error of a reply in one line: number, source, description. The members' own numbers are as the
+// reference lists them, plain faults decimal.
+std::string TextFromError(const Json& error);
 
 // Reads "@FILE" and "@-"; "@@TEXT" is the literal text "@TEXT", other words are themselves. One
 // line end at the end of what is read is removed.

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <exception>
 
+#include "cli/batch/batch_command.h"
 #include "cli/call_command.h"
 #include "cli/members_command.h"
 #include "cli/pipe.h"
@@ -33,6 +34,7 @@ CommandResult Run(const CommandLine& line) {
   if (line.Has("--version")) return {0, "vandpublic " + std::string(kVersion) + "\n"};
   if (line.command == nullptr) return {kUnusable, "", HelpText(nullptr)};
   if (line.command->name == "pipe") return RunPipeCommand(line);
+  if (line.command->name == "batch") return RunBatchCommand(line);
   if (line.command->name == "members") return RunMembers(line);
   if (line.command->name == "registry") return RunRegistry(line);
   return RunCall(line, ChosenPlatform(line));

@@ -82,6 +82,8 @@ constexpr MemberExample kExamples[] = {
 
 }  // namespace
 
+std::span<const MemberExample> AllExamples() noexcept { return kExamples; }
+
 std::span<const MemberExample> ExamplesOf(const MemberInfo& member) noexcept {
   if (member.kind != SlotKind::Method) return {};
   const auto is_its_own = [&](const MemberExample& e) { return e.member == member.name; };

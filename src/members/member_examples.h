@@ -16,6 +16,7 @@ struct MemberExample {
   std::string_view output;   // with a line end behind each line, without blanks in front of it
 };
 
+std::span<const MemberExample> AllExamples() noexcept;
 // The examples of a member, which may be none.
 std::span<const MemberExample> ExamplesOf(const MemberInfo& member) noexcept;
 

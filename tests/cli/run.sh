@@ -37,7 +37,7 @@ compare() {
 passed=0 failed=0
 for script in "$here"/*.sh; do
   name=$(basename "$script" .sh)
-  if [ "$name" = run ] || [ "$name" != "${only:-$name}" ]; then
+  if [ "$name" = run ] || [ "${name%_test}" != "$name" ] || [ "$name" != "${only:-$name}" ]; then
     continue
   fi
   mkdir "$work/here"

@@ -1,0 +1,162 @@
+// Files, resumption and threads of a batch.
+#include "cli/batch/batch_command.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <memory>
+#include <system_error>
+#include <thread>
+
+#include "cli/batch/batch_run.h"
+#include "cli/component_settings.h"
+#include "cli/pipe.h"
+#include "cli/tool.h"
+
+namespace vandpublic {
+namespace {
+
+constexpr int kMostJobs = 256;
+
+// A descriptor, closed at the end unless it is one of the standard streams.
+class Stream {
+ public:
+  explicit Stream(int standard) : descriptor_(standard) {}
+  Stream(const std::string& path, int flags) : descriptor_(open(path.c_str(), flags, 0666)) {
+    if (descriptor_ < 0) throw std::system_error(errno, std::generic_category(), path);
+  }
+  Stream(const Stream&) = delete;
+  Stream& operator=(const Stream&) = delete;
+  ~Stream() {
+    if (descriptor_ > STDERR_FILENO) close(descriptor_);
+  }
+  int get() const { return descriptor_; }
+
+ private:
+  int descriptor_;
+};
+
+std::unique_ptr<Stream> OpenInput(const CommandLine& line) {
+  const auto path = line.Value("--input");
+  if (!path || *path == "-") return std::make_unique<Stream>(STDIN_FILENO);
+  return std::make_unique<Stream>(*path, O_RDONLY | O_CLOEXEC);
+}
+
+std::unique_ptr<Stream> OpenOutput(const CommandLine& line) {
+  const auto path = line.Value("--output");
+  const bool resumes = line.Has("--resume");
+  if (!path) return std::make_unique<Stream>(STDOUT_FILENO);
+  const int flags = O_RDWR | O_CREAT | O_CLOEXEC | (resumes ? 0 : O_EXCL);
+  try {
+    return std::make_unique<Stream>(*path, flags);
+  } catch (const std::system_error& error) {
+    if (error.code().value() != EEXIST) throw;
+    throw UsageError("'" + *path + "' exists; --resume goes on with it");
+  }
+}
+
+// What an interrupted run has left: its complete rows, and the first of them.
+struct Left {
+  std::uint64_t records = 0;
+  std::string first;
+};
+
+// Counts the complete rows of an output and cuts off the one that is not.
+Left CutToCompleteRecords(int output, RecordFormat format) {
+  Left left;
+  RecordScanner scanner(format);
+  off_t read_to = 0;
+  off_t complete_to = 0;
+  char buffer[1 << 16];
+  for (ssize_t count = 0; (count = read(output, buffer, sizeof buffer)) > 0;) {
+    std::string_view bytes(buffer, static_cast<std::size_t>(count));
+    while (!bytes.empty()) {
+      const std::size_t size = scanner.Take(bytes);
+      const std::string_view taken = bytes.substr(0, size);
+      if (left.records == 0) left.first += taken;
+      read_to += static_cast<off_t>(taken.size());
+      bytes.remove_prefix(taken.size());
+      if (size == bytes.npos) continue;
+      complete_to = read_to;
+      ++left.records;
+    }
+  }
+  if (ftruncate(output, complete_to) != 0 || lseek(output, complete_to, SEEK_SET) < 0) {
+    throw std::system_error(errno, std::generic_category(), "the output");
+  }
+  return left;
+}
+
+// The rows that need no work any more; writes the header where there is none yet.
+std::uint64_t GoOn(int output, const BatchPlan& plan, const std::string& header, bool resumes) {
+  const Left left = resumes ? CutToCompleteRecords(output, plan.format) : Left{};
+  if (left.records == 0) {
+    if (WriteAll(output, header)) return 0;
+    throw std::system_error(errno, std::generic_category(), "the output");
+  }
+  if (!plan.has_header) return left.records;
+  if (left.first != header) throw UsageError("the output to go on with has other columns");
+  return left.records - 1;
+}
+
+int ReadJobs(const CommandLine& line) {
+  const auto wanted = line.Value("--jobs");
+  if (!wanted) return static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+  const auto number = ParseDecimal(*wanted);
+  if (!number || *number < 1 || *number > kMostJobs) {
+    throw UsageError("'--jobs' takes a number from 1 to " + std::to_string(kMostJobs));
+  }
+  return *number;
+}
+
+BatchTotals Run(const CommandLine& line, const BatchPlan& plan) {
+  if (line.Has("--resume") && !line.Has("--output")) {
+    throw UsageError("--resume needs the --output to go on with");
+  }
+  const auto platform = ChosenPlatform(line);
+  const int jobs = ReadJobs(line);
+  const auto make_object = [&] {
+    auto object = std::make_unique<clsPublic>(platform);
+    // A log entry for each bad row is not what a batch is run for; --debug-mode turns it on.
+    object->DebugMode(DEBUG_MODE_OFF);
+    ApplySettings(*object, line);
+    return object;
+  };
+  make_object();  // what the settings raise comes before any file is touched
+
+  const auto input = OpenInput(line);
+  RecordReader reader(input->get(), plan.format);
+  const std::string first = plan.has_header ? reader.TakeFirst() : std::string();
+  if (plan.has_header && first.empty()) return {};
+  std::unique_ptr<RowFormat> format;
+  std::string header;
+  if (plan.format.separator) {
+    auto rows = std::make_unique<CsvRows>(plan, first);
+    header = rows->OutputHeader();
+    format = std::move(rows);
+  } else {
+    format = std::make_unique<JsonRows>(plan);
+  }
+
+  const auto output = OpenOutput(line);
+  reader.Skip(GoOn(output->get(), plan, header, line.Has("--resume")));
+  BatchStreams streams;
+  streams.output = output->get();
+  streams.shows_progress = isatty(streams.messages) == 1;
+  return RunBatch(plan, *format, reader, make_object, jobs, streams);
+}
+
+}  // namespace
+
+CommandResult RunBatchCommand(const CommandLine& line) {
+  const BatchPlan plan = ReadBatchPlan(line);
+  try {
+    return {Run(line, plan).bad == 0 ? 0 : 1};
+  } catch (const std::system_error& error) {
+    return {2, "", "vandpublic: " + std::string(error.what()) + "\n"};
+  }
+}
+
+}  // namespace vandpublic
