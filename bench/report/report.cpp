@@ -10,6 +10,7 @@
 #include <iostream>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "measurements.h"
@@ -148,9 +149,19 @@ std::string Peers(const Measurements& all) {
   return names;
 }
 
+// The machine should have nothing else to do; the page says whether it had.
+std::string Load() {
+  std::ifstream in("/proc/loadavg");
+  std::string minutes[3];
+  in >> minutes[0] >> minutes[1] >> minutes[2];
+  return minutes[1] + " over five minutes, on " +
+         std::to_string(std::thread::hardware_concurrency()) + " processors";
+}
+
 std::string Page(const Report& report, const Measurements& all) {
   std::string page = report.page_head + "Processor: " + FactOf("/proc/cpuinfo", "model name") +
-                     ". Compiler: " + __VERSION__ + ". Peers: " + Peers(all) + ".\n\n" + Table(all);
+                     ". Compiler: " + __VERSION__ + ". Peers: " + Peers(all) +
+                     ".\nLoad of the machine: " + Load() + ".\n\n" + Table(all);
   const std::string other = OtherCalls(all);
   if (!other.empty()) page += "\n" + other;
   for (const Plot& plot : report.plots)

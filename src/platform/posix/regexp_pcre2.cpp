@@ -20,13 +20,12 @@ constexpr std::size_t kGrowthLimit = std::size_t{1} << 27;
 // One pattern, handed over without a lock: whoever finds another thread at the slot leaves it.
 class RegExpSlot {
  public:
-  // Puts a pattern (or nothing) in and returns what was there; the pattern itself when another
-  // thread is at it.
-  std::unique_ptr<CompiledRegExp> Exchange(std::unique_ptr<CompiledRegExp> pattern) noexcept {
-    if (busy_.test_and_set(std::memory_order_acquire)) return pattern;
+  // Exchanges what the slot holds for a pattern or nothing; does nothing when another thread is at
+  // it.
+  void Exchange(std::unique_ptr<CompiledRegExp>& pattern) noexcept {
+    if (busy_.test_and_set(std::memory_order_acquire)) return;
     held_.swap(pattern);
     busy_.clear(std::memory_order_release);
-    return pattern;
   }
 
  private:
@@ -42,17 +41,19 @@ class RegExpCache {
   RegExpCache() { patterns_.reserve(kCacheSize + 1); }
 
   std::unique_ptr<CompiledRegExp> Take(const RegExpKey& key) {
-    std::unique_ptr<CompiledRegExp> last = last_.Exchange(nullptr);
+    std::unique_ptr<CompiledRegExp> last;
+    last_.Exchange(last);
     if (last != nullptr && last->IsFor(key)) return last;
     std::unique_ptr<CompiledRegExp> taken = TakeOlder(key, std::move(last));
-    return taken != nullptr ? std::move(taken) : std::make_unique<CompiledRegExp>(key);
+    if (taken == nullptr) taken = std::make_unique<CompiledRegExp>(key);
+    return taken;
   }
 
   void GiveBack(std::unique_ptr<CompiledRegExp> pattern) noexcept {
-    std::unique_ptr<CompiledRegExp> before = last_.Exchange(std::move(pattern));
-    if (before == nullptr) return;
+    last_.Exchange(pattern);
+    if (pattern == nullptr) return;
     const std::lock_guard lock(mutex_);
-    Keep(std::move(before));
+    Keep(std::move(pattern));
   }
 
  private:
