@@ -108,7 +108,8 @@ ByteArray clsPublic::FstrHexStrToByte(const String& istr_HexStr, Integer Padding
     const std::u16string_view digits = completed.view();
 
     ByteArray scratch = ByteArray::WithBounds(0, kScratchSize - 1);
-    const std::size_t read = DecodeHex(digits.substr(0, 2 * scratch.Elements().size()), &scratch.At(0));
+    const std::size_t read =
+        DecodeHex(digits.substr(0, 2 * scratch.Elements().size()), &scratch.At(0));
     for (std::size_t i = 2 * read; i < digits.size(); i += 2) {  // to where it fails
       scratch.At(static_cast<Long>(i / 2)) = PairAt(digits, i);
     }
