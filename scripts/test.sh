@@ -91,6 +91,7 @@ check format scripts/check_format.sh
 check shell-scripts scripts/check_scripts.sh
 suite release
 check generated-files scripts/check_generated.sh
+check instruction-counts scripts/check_instructions.sh
 check demo scripts/check_demo.sh
 check installed-package tests/install/run.sh
 suite sanitize

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "convert/hex_digits.h"
+#include "convert/hex_loops.h"
 #include "frame/trap.h"
 #include "members/messages.h"
 #include "runtime/checked.h"
@@ -11,8 +12,7 @@ namespace vandpublic {
 bool clsPublic::IsHex(const String& istr_HexNumber) {
   return Trapped(*this, Member::IsHex, [&] {
     CheckedCast<Integer>(istr_HexNumber.Length());  // counted before any character is looked at
-    const std::u16string_view text = istr_HexNumber.view();
-    return std::all_of(text.begin(), text.end(), [](char16_t c) { return HexDigitValue(c) >= 0; });
+    return AreHexDigits(istr_HexNumber.view());
   });
 }
 

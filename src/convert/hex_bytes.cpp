@@ -1,9 +1,11 @@
 // FillByteArrWithHexStr, FstrHexStrToByte and FstrVbStrToHexStr: upper-case hexadecimal text to
 // and from byte arrays.
+#include <limits>
 #include <string>
 
 #include "convert/array_size.h"
 #include "convert/hex_digits.h"
+#include "convert/hex_loops.h"
 #include "frame/trap.h"
 #include "members/messages.h"
 #include "platform/platform.h"
@@ -37,13 +39,52 @@ void CompleteToPairs(String& text) {
   text.EditUnits([&](std::u16string& digits) { digits.swap(completed); });
 }
 
+// Reads all pairs at once when no subscript can fail on the way and the position keeps its type.
+// False, with nothing done, when that is not so.
+template <class Subscript>
+bool FillAtOnce(ByteArray& array, std::u16string_view digits, Subscript& position) {
+  const std::size_t pairs = digits.size() / 2;
+  const std::int64_t start = position;
+  const std::int64_t end = start + static_cast<std::int64_t>(pairs);
+  const ArrayBound bound = array.Bound();
+  const bool inside = start >= bound.lower && end <= std::int64_t{bound.lower} + bound.count;
+  if (pairs == 0 || !inside || end > std::numeric_limits<Subscript>::max()) return false;
+  const std::size_t read = DecodeHex(digits, &array.At(start));
+  position = static_cast<Subscript>(start + static_cast<std::int64_t>(read));
+  if (read < pairs) RaiseFault(FaultNumber::Overflow);
+  return true;
+}
+
+// Position by position, as long as digits, position and array allow.
+void FillOneByOne(ByteArray& array, std::u16string_view digits, Variant& position) {
+  for (std::size_t i = 0; i < digits.size(); i += 2) {
+    const Byte value = PairAt(digits, i);
+    array.At(ToLong(position)) = value;
+    Increment(position);
+  }
+}
+
+void Fill(ByteArray& array, std::u16string_view digits, Variant& position) {
+  if (auto* const number = position.Get<Integer>()) {
+    if (FillAtOnce(array, digits, *number)) return;
+  } else if (auto* const wide = position.Get<Long>()) {
+    if (FillAtOnce(array, digits, *wide)) return;
+  }
+  FillOneByOne(array, digits, position);
+}
+
+// Digits need no search for blanks.
+void RemoveBlanks(std::u16string& units) {
+  if (!AreHexDigits(units)) std::erase(units, u' ');
+}
+
 }  // namespace
 
 bool clsPublic::FillByteArrWithHexStr(ByteArray& ArrToBeFill, String& istr_HexStr,
                                       OptionalRef<Variant> rvar_Pos,
                                       OptionalRef<String> rstr_ErrDesc) {
   return Trapped(*this, Member::FillByteArrWithHexStr, rstr_ErrDesc, [&] {
-    istr_HexStr.EditUnits([](std::u16string& units) { std::erase(units, u' '); });
+    istr_HexStr.EditUnits(RemoveBlanks);
     if (!IsHex(istr_HexStr)) Reject(messages::kNotHexString);
     if (SizeOf(*this, ArrToBeFill) == 0) {
       const auto bytes = static_cast<Long>((istr_HexStr.Length() + 1) / 2);
@@ -51,12 +92,7 @@ bool clsPublic::FillByteArrWithHexStr(ByteArray& ArrToBeFill, String& istr_HexSt
     }
     CompleteToPairs(istr_HexStr);
 
-    const std::u16string_view digits = istr_HexStr.view();
-    for (std::size_t i = 0; i < digits.size(); i += 2) {
-      const Byte value = PairAt(digits, i);
-      ArrToBeFill.At(ToLong(*rvar_Pos)) = value;
-      Increment(*rvar_Pos);
-    }
+    Fill(ArrToBeFill, istr_HexStr.view(), *rvar_Pos);
     return true;
   });
 }
@@ -72,7 +108,9 @@ ByteArray clsPublic::FstrHexStrToByte(const String& istr_HexStr, Integer Padding
     const std::u16string_view digits = completed.view();
 
     ByteArray scratch = ByteArray::WithBounds(0, kScratchSize - 1);
-    for (std::size_t i = 0; i < digits.size(); i += 2) {
+    const std::size_t read =
+        DecodeHex(digits.substr(0, 2 * scratch.Elements().size()), &scratch.At(0));
+    for (std::size_t i = 2 * read; i < digits.size(); i += 2) {  // to where it fails
       scratch.At(static_cast<Long>(i / 2)) = PairAt(digits, i);
     }
 
@@ -97,9 +135,7 @@ String clsPublic::FstrVbStrToHexStr(const String& istr_Source, OptionalRef<Strin
     std::string bytes = platform().code_page->Encode(istr_Source.view());
     const WipeOnExit wipe(bytes);  // SystemEncrypt's plain text comes this way
     std::u16string digits(2 * bytes.size(), u'0');
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-      WriteHexByte(static_cast<Byte>(bytes[i]), &digits[2 * i]);
-    }
+    EncodeHex({reinterpret_cast<const Byte*>(bytes.data()), bytes.size()}, digits.data());
     return digits;
   });
 }

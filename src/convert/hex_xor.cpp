@@ -1,5 +1,6 @@
 // HexXor.
 #include <algorithm>
+#include <functional>
 #include <string>
 
 #include "frame/trap.h"
@@ -37,8 +38,9 @@ String clsPublic::HexXor(const String& istr_Hex1, const String& istr_Hex2, bool 
     ByteArray array2 = ByteArray::WithBounds(0, bytes - 1);
     FillByteArrWithHexStr(array1, operand1, Integer{0});
     FillByteArrWithHexStr(array2, operand2, Integer{0});
-    for (Long i = 0; i < bytes; ++i)
-      array2.At(i) ^= array1.At(i);
+    const auto result = array2.Elements();
+    std::transform(result.begin(), result.end(), array1.Elements().begin(), result.begin(),
+                   std::bit_xor<Byte>());
     return DispBytes(array2, 0, kBytesPerLine, true);
   });
 }

@@ -1,12 +1,15 @@
 // The six members for message-format text: text that carries bytes, one in each character (its low
 // byte) or, as byte text, two in the storage of each.
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "convert/hex_digits.h"
+#include "convert/hex_loops.h"
 #include "frame/trap.h"
 #include "members/messages.h"
 #include "runtime/checked.h"
+#include "runtime/wipe.h"
 
 namespace vandpublic {
 namespace {
@@ -36,13 +39,35 @@ std::u16string Sized(const std::u16string& digits, Integer length, bool left, ch
   return (padding + digits).substr(digits.size());
 }
 
+// Digits of either case; those of upper case, as everybody writes them, are quick.
 std::string BytesOf(std::u16string_view digits) {
   std::string bytes(digits.size() / 2, '\0');
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
+  const std::size_t read = DecodeHex(digits, reinterpret_cast<Byte*>(bytes.data()));
+  for (std::size_t i = read; i < bytes.size(); ++i) {
     const int value = 16 * HexDigitValue(digits[2 * i]) + HexDigitValue(digits[2 * i + 1]);
     bytes[i] = static_cast<char>(value);
   }
   return bytes;
+}
+
+// The digits of the bytes that a text carries, taken out of it a block at a time.
+std::u16string DigitsOf(const String& text, std::size_t count, bool byte_text) {
+  std::u16string digits(2 * count, u'0');
+  std::array<Byte, 256> block{};
+  const WipeOnExit wipe(block);
+  for (std::size_t at = 0; at < count; at += block.size()) {
+    const std::span<Byte> bytes = std::span(block).first(std::min(block.size(), count - at));
+    if (byte_text) {
+      for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = ByteOf(text, at + i, true);
+    } else {
+      const std::u16string_view units = text.view().substr(at, bytes.size());
+      std::transform(units.begin(), units.end(), bytes.begin(),
+                     [](char16_t unit) { return static_cast<Byte>(unit); });
+    }
+    EncodeHex(bytes, &digits[2 * at]);
+  }
+  return digits;
 }
 
 // Upper case without leading zeros, at least one digit.
@@ -61,11 +86,7 @@ String clsPublic::MsgFmtTextToHex(const String& istr_MsgFmtText, bool ibln_InByt
   return Trapped(*this, Member::MsgFmtTextToHex, [&]() -> String {
     const auto count =
         static_cast<std::size_t>(CheckedCast<Integer>(ByteCount(istr_MsgFmtText, ibln_InByteText)));
-    std::u16string digits(2 * count, u'0');
-    for (std::size_t i = 0; i < count; ++i) {
-      WriteHexByte(ByteOf(istr_MsgFmtText, i, ibln_InByteText), &digits[2 * i]);
-    }
-    return digits;
+    return DigitsOf(istr_MsgFmtText, count, ibln_InByteText);
   });
 }
 
@@ -126,11 +147,15 @@ String clsPublic::HexToMsgFmtText(const String& istr_HexChr, Integer iint_TextLe
                                   bool ibln_LeftPad, const String& istr_PadWith,
                                   bool ibln_InByteText) {
   return Trapped(*this, Member::HexToMsgFmtText, [&]() -> String {
-    std::u16string digits(TrimSpaces(istr_HexChr.view()));
+    const String trimmed = TrimSpaces(istr_HexChr.view());
     const char16_t pad = istr_PadWith.Length() == 0 ? u'0' : istr_PadWith.view().front();
     // What is not hexadecimal gives nothing and no error, on purpose; the pad character too, also
     // where no padding is needed.
-    if (!IsHex(digits) || !IsHex(std::u16string(1, pad))) return {};
+    if (!IsHex(trimmed) || !IsHex(std::u16string(1, pad))) return {};
+    if (iint_TextLen <= 0 && trimmed.Length() % 2 == 0) {
+      return TextOf(BytesOf(trimmed.view()), ibln_InByteText);
+    }
+    std::u16string digits(trimmed.view());
     if (iint_TextLen > 0) digits = Sized(digits, iint_TextLen, ibln_LeftPad, pad);
     if (digits.size() % 2 != 0) digits.insert(ibln_LeftPad ? 0 : digits.size(), 1, pad);
     return TextOf(BytesOf(digits), ibln_InByteText);

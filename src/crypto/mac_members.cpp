@@ -55,8 +55,10 @@ class Work {
   Work(const ByteArray& source, Integer length, const ByteArray& initial) : length_(length) {
     const auto bytes = FromZero(source, length);
     std::copy(bytes.begin(), bytes.end(), message_.begin());
-    message_[bytes.size()] = kPaddingMark;
-    std::fill_n(&message_[bytes.size() + 1], Message().size() - bytes.size() - 1, Byte{0});
+    const std::span<Byte> padding =
+        std::span(message_).first(Message().size()).subspan(bytes.size());
+    std::fill(padding.begin(), padding.end(), Byte{0});
+    padding.front() = kPaddingMark;
     const auto start = FromZero(initial, kBlockSize);
     std::copy(start.begin(), start.end(), chain_.begin());
   }

@@ -1,4 +1,5 @@
 // EncodeStrSQL and DecodeStrSQL: single quotes in SQL texts.
+#include <algorithm>
 #include <string>
 
 #include "frame/clsPublic.h"
@@ -6,10 +7,14 @@
 namespace vandpublic {
 
 String clsPublic::EncodeStrSQL(const String& istr_Source) {
-  std::u16string text;
-  text.reserve(istr_Source.Length());
-  for (const char16_t c : istr_Source.view())
-    text.append(c == u'\'' ? 2 : 1, c);
+  const std::u16string_view source = istr_Source.view();
+  const auto quotes = static_cast<std::size_t>(std::count(source.begin(), source.end(), u'\''));
+  std::u16string text(source.size() + quotes, u'\'');
+  char16_t* out = text.data();
+  for (const char16_t c : source) {
+    *out = c;
+    out += c == u'\'' ? 2 : 1;  // the second quote is there
+  }
   return text;
 }
 

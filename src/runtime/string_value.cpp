@@ -32,8 +32,11 @@ Byte String::ByteAt(std::size_t index) const noexcept {
 
 std::string String::ToBytes() const {
   std::string bytes(ByteLength(), '\0');
-  for (std::size_t i = 0; i < bytes.size(); ++i)
-    bytes[i] = static_cast<char>(ByteAt(i));
+  for (std::size_t i = 0; i < units_.size(); ++i) {
+    bytes[2 * i] = static_cast<char>(units_[i]);
+    bytes[2 * i + 1] = static_cast<char>(units_[i] >> 8);
+  }
+  if (half_unit_) bytes.back() = static_cast<char>(*half_unit_);
   return bytes;
 }
 

@@ -1,5 +1,4 @@
 // FstrIsNullExt, NotNull and FstrRidOfEmpty: absent, null and blank.
-#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -30,15 +29,31 @@ Variant ReplacementFor(Long value_type) {
   }
 }
 
-std::u16string Without(std::u16string_view text, std::u16string_view unwanted) {
-  std::u16string kept;
-  kept.reserve(text.size());
-  for (std::size_t start = 0; start <= text.size();) {
-    const std::size_t found = std::min(text.find(unwanted, start), text.size());
-    kept += text.substr(start, found - start);
-    start = found + unwanted.size();
+// Without the two blanks. Every unit is written and only those to keep are stepped over, so that
+// nothing depends on what comes next.
+std::u16string WithoutBlanks(std::u16string_view text) {
+  std::u16string kept(text.size(), u'\0');
+  char16_t* end = kept.data();
+  for (const char16_t unit : text) {
+    *end = unit;
+    end += unit != u' ' && unit != u'\u3000' ? 1 : 0;
   }
+  kept.resize(static_cast<std::size_t>(end - kept.data()));
   return kept;
+}
+
+// Without the pairs of CR and LF, those that stand in the text as it is.
+void RemoveLineEnds(std::u16string& text) {
+  std::size_t kept = text.find(u'\r');
+  for (std::size_t i = kept; i < text.size(); ++i) {
+    const bool pair = text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n';
+    if (pair) {
+      ++i;
+    } else {
+      text[kept++] = text[i];
+    }
+  }
+  if (kept < text.size()) text.resize(kept);
 }
 
 }  // namespace
@@ -60,9 +75,10 @@ Variant clsPublic::NotNull(Variant& Value, OptionalRef<Long> ValueType) {
 }
 
 String clsPublic::FstrRidOfEmpty(String& istr_Source) {
-  // Three passes in this order: a CR and an LF that only blanks held apart go as well.
-  const std::u16string without_ideographic = Without(istr_Source.view(), u"\u3000");
-  return Without(Without(without_ideographic, u" "), u"\r\n");
+  // Line ends last: a CR and an LF that only blanks held apart go as well.
+  std::u16string text = WithoutBlanks(istr_Source.view());
+  RemoveLineEnds(text);
+  return text;
 }
 
 }  // namespace vandpublic

@@ -1,4 +1,5 @@
 // FstrPadToSpecLen, FstrPadLeft, FstrPadRight and FstrFmtToSpecLen: texts of a fixed length.
+#include <algorithm>
 #include <string>
 
 #include "frame/trap.h"
@@ -7,25 +8,28 @@
 namespace vandpublic {
 namespace {
 
-// A run of the pad text's first character; fault 5 for a negative count or an empty pad text, the
-// latter also when nothing is to be padded.
-std::u16string Padding(Integer count, const String& pad_with) {
-  if (count < 0 || pad_with.Length() == 0) RaiseFault(FaultNumber::InvalidProcedureCall);
-  return std::u16string(static_cast<std::size_t>(count), pad_with.view().front());
+// A run of the pad text's first character, as long as the result; fault 5 for a negative length or
+// an empty pad text, the latter also when nothing is to be padded.
+std::u16string Padding(Integer length, const String& pad_with) {
+  if (length < 0 || pad_with.Length() == 0) RaiseFault(FaultNumber::InvalidProcedureCall);
+  return std::u16string(static_cast<std::size_t>(length), pad_with.view().front());
 }
 
 // Exactly that many characters: a longer text loses its first ones.
 String PaddedLeft(const String& source, Integer length, const String& pad_with) {
   std::u16string text = Padding(length, pad_with);
-  text += source.view();
-  return text.substr(text.size() - static_cast<std::size_t>(length));
+  const std::u16string_view units = source.view();
+  const std::size_t kept = std::min(units.size(), text.size());
+  std::copy_n(units.end() - static_cast<std::ptrdiff_t>(kept), kept,
+              text.end() - static_cast<std::ptrdiff_t>(kept));
+  return text;
 }
 
 // Exactly that many characters: a longer text loses its last ones.
 String PaddedRight(const String& source, Integer length, const String& pad_with) {
-  std::u16string text(source.view());
-  text += Padding(length, pad_with);
-  return text.substr(0, static_cast<std::size_t>(length));
+  std::u16string text = Padding(length, pad_with);
+  std::copy_n(source.view().begin(), std::min(source.Length(), text.size()), text.begin());
+  return text;
 }
 
 }  // namespace

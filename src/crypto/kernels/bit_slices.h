@@ -129,8 +129,8 @@ class BitSlices {
   explicit BitSlices(const PassList& passes) : passes_(passes) {
     for (int p = 0; p < passes.count; ++p) {
       for (std::size_t bit = 0; bit < 64; ++bit) {
-        const std::uint64_t mask =
-            0 - (std::uint64_t{passes.pass[p].key[bit / 8]} >> (7 - bit % 8) & 1u);
+        const std::uint64_t set = (std::uint64_t{passes.pass[p].key[bit / 8]} >> (7 - bit % 8)) & 1;
+        const std::uint64_t mask = 0 - set;
         masks_[p][bit] = mask;
         masks_[p][64 + bit] = ~mask;
       }

@@ -125,16 +125,14 @@ RegExpItem MakeFixedClass(char16_t letter, RegExpFolding folding) {
   return {std::u16string(kFoldingOff) + text, kFoldingOn};
 }
 
-RegExpItem MakeCharacter(char16_t unit, RegExpFolding folding) {
-  RegExpItem item;
+void AppendCharacter(std::u16string& text, char16_t unit, RegExpFolding folding) {
   const char16_t partner =
       folding == RegExpFolding::Ascii ? ForeignPartner(static_cast<char16_t>(unit | 0x20)) : u'\0';
   if (partner != 0) {
-    item.text = {u'[', unit, partner, u']'};
+    text += {u'[', unit, partner, u']'};
   } else {
-    AppendLiteral(item.text, unit);
+    AppendLiteral(text, unit);
   }
-  return item;
 }
 
 }  // namespace vandpublic

@@ -29,8 +29,8 @@ RegExpItem ReadCharacterClass(RegExpReader& reader, RegExpFolding folding,
 // One of the six fixed classes outside brackets.
 RegExpItem MakeFixedClass(char16_t letter, RegExpFolding folding);
 
-// One character outside brackets.
-RegExpItem MakeCharacter(char16_t unit, RegExpFolding folding);
+// Appends one character outside brackets.
+void AppendCharacter(std::u16string& text, char16_t unit, RegExpFolding folding);
 
 }  // namespace vandpublic
 

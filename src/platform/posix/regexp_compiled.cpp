@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 
 #include "platform/posix/regexp_dialect.h"
 #include "runtime/errors.h"
@@ -70,12 +71,18 @@ std::uint32_t CompileOptions(RegExpFolding folding) noexcept {
 
 }  // namespace
 
+std::unique_ptr<pcre2_compile_context, CompiledRegExp::Free> CompiledRegExp::MakeRules() {
+  std::unique_ptr<pcre2_compile_context, Free> rules(
+      NotNull(pcre2_compile_context_create(nullptr)));
+  pcre2_set_newline(rules.get(), PCRE2_NEWLINE_LF);
+  return rules;
+}
+
 CompiledRegExp::CompiledRegExp(const RegExpKey& key)
     : pattern_(key.pattern), ignore_case_(key.ignore_case), multiline_(key.multiline) {
   const TranslatedRegExp translated = TranslateRegExp(pattern_, ignore_case_, multiline_);
-  const std::unique_ptr<pcre2_compile_context, Free> rules(
-      NotNull(pcre2_compile_context_create(nullptr)));
-  pcre2_set_newline(rules.get(), PCRE2_NEWLINE_LF);
+  // One for all patterns and threads: compiling only reads it.
+  static const std::unique_ptr<pcre2_compile_context, Free> rules = MakeRules();
   int error = 0;
   std::size_t error_at = 0;
   code_.reset(pcre2_compile(AsUnits(translated.text), translated.text.size(),
@@ -91,7 +98,11 @@ CompiledRegExp::CompiledRegExp(const RegExpKey& key)
 }
 
 bool CompiledRegExp::IsFor(const RegExpKey& key) const noexcept {
-  return ignore_case_ == key.ignore_case && multiline_ == key.multiline && pattern_ == key.pattern;
+  if (ignore_case_ != key.ignore_case || multiline_ != key.multiline) return false;
+  if (pattern_.size() != key.pattern.size()) return false;
+  // The library compares 16-bit units one by one, memory many at a time.
+  return key.pattern.empty() ||
+         std::memcmp(pattern_.data(), key.pattern.data(), 2 * pattern_.size()) == 0;
 }
 
 void CompiledRegExp::MakeMatchData() {

@@ -53,6 +53,7 @@ class CompiledRegExp {
     }
   };
 
+  static std::unique_ptr<pcre2_compile_context, Free> MakeRules();
   void CompileToMachineCodeIfWorthwhile(std::size_t units) noexcept;
   void MakeMatchData();
 

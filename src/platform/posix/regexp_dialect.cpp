@@ -97,7 +97,7 @@ class Translator {
       case u'\\':
         return ReadEscape();
       default:
-        return Write(MakeCharacter(unit, folding_));
+        return WriteCharacter(unit);
     }
   }
 
@@ -165,6 +165,17 @@ class Translator {
   void Write(const RegExpItem& item) {
     const std::size_t start = text_.size();
     text_ += item.text;
+    EndItem(start, item.suffix);
+  }
+
+  // The same for a character, which needs no texts of its own.
+  void WriteCharacter(char16_t unit) {
+    const std::size_t start = text_.size();
+    AppendCharacter(text_, unit, folding_);
+    EndItem(start, {});
+  }
+
+  void EndItem(std::size_t start, std::u16string_view suffix) {
     std::size_t work = 1;
     RegExpRepeat repeat;
     if (ReadRegExpRepeat(reader_, repeat)) {
@@ -174,7 +185,7 @@ class Translator {
       if (is_choice && choice_seen_) AddCallout(start);
       choice_seen_ = choice_seen_ || is_choice;
     }
-    text_ += item.suffix;
+    text_ += suffix;
     work_ += work;
     if (work_ > kWorkBetweenCallouts) AddCallout(text_.size());
   }
@@ -190,7 +201,7 @@ class Translator {
     } else if (const unsigned group = TakeBackReference(); group != 0) {
       WriteBackReference(group);
     } else {
-      Write(MakeCharacter(ReadCharacterEscape(reader_), folding_));
+      WriteCharacter(ReadCharacterEscape(reader_));
     }
   }
 

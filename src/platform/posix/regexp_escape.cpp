@@ -1,12 +1,29 @@
 // The backslash escapes of the scripting dialect, one character or one fixed class each.
 #include "platform/posix/regexp_escape.h"
 
+#include <cstdint>
+
 #include "runtime/errors.h"
 
 namespace vandpublic {
 namespace {
 
 constexpr unsigned kLargestOctal = 0377;
+
+// A set of ASCII characters; every unit of a pattern is looked up in one.
+class AsciiSet {
+ public:
+  constexpr explicit AsciiSet(std::u16string_view members) noexcept {
+    for (const char16_t member : members)
+      words_[member / 64] |= std::uint64_t{1} << member % 64;
+  }
+  constexpr bool Holds(char16_t unit) const noexcept {
+    return unit < 128 && ((words_[unit / 64] >> unit % 64) & 1) != 0;
+  }
+
+ private:
+  std::uint64_t words_[2] = {};
+};
 
 // The value of a hexadecimal digit, 16 for any other unit.
 constexpr unsigned HexDigit(char16_t unit) noexcept {
@@ -87,16 +104,14 @@ char16_t ReadCharacterEscape(RegExpReader& reader) {
 }
 
 void AppendLiteral(std::u16string& text, char16_t unit) {
-  if (std::u16string_view(u"\\^$.[|()?*+{").find(unit) != std::u16string_view::npos) {
-    text.push_back(u'\\');
-  }
+  static constexpr AsciiSet kSpecial(u"\\^$.[|()?*+{");
+  if (kSpecial.Holds(unit)) text.push_back(u'\\');
   text.push_back(unit);
 }
 
 void AppendMember(std::u16string& text, char16_t unit) {
-  if (std::u16string_view(u"\\[]^-").find(unit) != std::u16string_view::npos) {
-    text.push_back(u'\\');
-  }
+  static constexpr AsciiSet kSpecial(u"\\[]^-");
+  if (kSpecial.Holds(unit)) text.push_back(u'\\');
   text.push_back(unit);
 }
 

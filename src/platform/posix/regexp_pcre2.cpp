@@ -2,6 +2,7 @@
 #include "platform/posix/regexp_pcre2.h"
 
 #include <algorithm>
+#include <atomic>
 #include <mutex>
 #include <vector>
 
@@ -16,34 +17,68 @@ constexpr std::size_t kCacheSize = 16;
 // for any amount of memory: $` at every unit of a long source.
 constexpr std::size_t kGrowthLimit = std::size_t{1} << 27;
 
+// One pattern, handed over without a lock: whoever finds another thread at the slot leaves it.
+class RegExpSlot {
+ public:
+  // Exchanges what the slot holds for a pattern or nothing; does nothing when another thread is at
+  // it.
+  void Exchange(std::unique_ptr<CompiledRegExp>& pattern) noexcept {
+    if (busy_.test_and_set(std::memory_order_acquire)) return;
+    held_.swap(pattern);
+    busy_.clear(std::memory_order_release);
+  }
+
+ private:
+  std::atomic_flag busy_;
+  std::unique_ptr<CompiledRegExp> held_;
+};
+
 // A pattern in use is out of the cache, so that no two threads share its working memory. A thread
-// that asks for it meanwhile gets one of its own.
+// that asks for it meanwhile gets one of its own. The last one given back waits in the slot, since
+// most callers use one pattern again and again: two locks would be a third of a short test.
 class RegExpCache {
  public:
   RegExpCache() { patterns_.reserve(kCacheSize + 1); }
 
   std::unique_ptr<CompiledRegExp> Take(const RegExpKey& key) {
-    {
-      const std::lock_guard lock(mutex_);
-      const auto found = std::find_if(patterns_.rbegin(), patterns_.rend(),
-                                      [&key](const auto& known) { return known->IsFor(key); });
-      if (found != patterns_.rend()) {
-        std::unique_ptr<CompiledRegExp> taken = std::move(*found);
-        patterns_.erase(std::next(found).base());
-        return taken;
-      }
+    std::unique_ptr<CompiledRegExp> last;
+    last_.Exchange(last);
+    if (last != nullptr && last->IsFor(key)) return last;
+    std::unique_ptr<CompiledRegExp> taken = TakeOlder(key, std::move(last));
+    if (taken == nullptr) taken = std::make_unique<CompiledRegExp>(key);
+    return taken;
+  }
+
+  void GiveBack(std::unique_ptr<CompiledRegExp> pattern) noexcept {
+    last_.Exchange(pattern);
+    if (pattern == nullptr) return;
+    const std::lock_guard lock(mutex_);
+    Keep(std::move(pattern));
+  }
+
+ private:
+  // The pattern for this key if it is among the older ones, and another one to keep there.
+  std::unique_ptr<CompiledRegExp> TakeOlder(const RegExpKey& key,
+                                            std::unique_ptr<CompiledRegExp> other) {
+    const std::lock_guard lock(mutex_);
+    std::unique_ptr<CompiledRegExp> taken;
+    const auto found = std::find_if(patterns_.rbegin(), patterns_.rend(),
+                                    [&key](const auto& known) { return known->IsFor(key); });
+    if (found != patterns_.rend()) {
+      taken = std::move(*found);
+      patterns_.erase(std::next(found).base());
     }
-    return std::make_unique<CompiledRegExp>(key);
+    if (other != nullptr) Keep(std::move(other));
+    return taken;
   }
 
   // The most recent stands last.
-  void GiveBack(std::unique_ptr<CompiledRegExp> pattern) noexcept {
-    const std::lock_guard lock(mutex_);
+  void Keep(std::unique_ptr<CompiledRegExp> pattern) noexcept {
     patterns_.push_back(std::move(pattern));
     if (patterns_.size() > kCacheSize) patterns_.erase(patterns_.begin());
   }
 
- private:
+  RegExpSlot last_;
   std::mutex mutex_;
   std::vector<std::unique_ptr<CompiledRegExp>> patterns_;
 };

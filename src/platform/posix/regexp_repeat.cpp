@@ -8,6 +8,8 @@
 namespace vandpublic {
 namespace {
 
+constexpr std::u16string_view kFirstUnits = u"*+?{";
+
 // Reads a number, false when no digit stands next. Numbers above the limit become limit + 1, so
 // that no length of digits overflows.
 bool ReadNumber(RegExpReader& reader, unsigned& value) noexcept {
@@ -57,6 +59,10 @@ void AppendNumber(std::u16string& text, unsigned value) {
 }  // namespace
 
 bool ReadRegExpRepeat(RegExpReader& reader, RegExpRepeat& repeat) {
+  // Mostly there is none.
+  if (reader.AtEnd() || kFirstUnits.find(reader.Rest().front()) == std::u16string_view::npos) {
+    return false;
+  }
   if (!ReadSign(reader, repeat) && !ReadCounts(reader, repeat)) return false;
   repeat.lazy = reader.TakeIf(u'?');
   return true;

@@ -1,6 +1,6 @@
 // A plot of time against bytes, both logarithmic, as an SVG file.
-#ifndef VANDPUBLIC_BENCH_CIPHERS_PLOT_H
-#define VANDPUBLIC_BENCH_CIPHERS_PLOT_H
+#ifndef VANDPUBLIC_BENCH_REPORT_PLOT_H
+#define VANDPUBLIC_BENCH_REPORT_PLOT_H
 
 #include <string>
 #include <utility>

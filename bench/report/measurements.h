@@ -1,6 +1,6 @@
 // What the benchmark processes measured: their JSON files, summed up.
-#ifndef VANDPUBLIC_BENCH_CIPHERS_MEASUREMENTS_H
-#define VANDPUBLIC_BENCH_CIPHERS_MEASUREMENTS_H
+#ifndef VANDPUBLIC_BENCH_REPORT_MEASUREMENTS_H
+#define VANDPUBLIC_BENCH_REPORT_MEASUREMENTS_H
 
 #include <compare>
 #include <map>
@@ -35,11 +35,16 @@ class Measurements {
   const std::vector<std::string>& Kernels() const { return kernels_; }
   // The sizes measured for a workload, ascending; the libraries of the default runs.
   std::vector<int> Sizes(const std::string& workload) const;
+  // In the order in which the processes measured them.
+  const std::vector<std::string>& Workloads() const { return workloads_; }
   std::vector<std::string> Peers() const;
 
  private:
+  void AddWorkloads(const std::map<std::string, int>& places);
+
   std::map<Key, std::vector<double>> medians_;  // one for each process
   std::vector<std::string> kernels_;
+  std::vector<std::string> workloads_;
 };
 
 // The middle value; 0 for none.

@@ -38,12 +38,30 @@ void Measurements::Add(const std::string& file) {
     kernels_.push_back(kernels);
   }
   std::map<Key, std::vector<double>> repetitions;
+  std::map<std::string, int> first_place;  // of each workload among the registered ones
   for (const auto& run : json.at("benchmarks")) {
     if (run.at("run_type") != "iteration") continue;
-    repetitions[ParseName(run.at("run_name"), kernels)].push_back(run.at("cpu_time"));
+    const Key key = ParseName(run.at("run_name"), kernels);
+    repetitions[key].push_back(run.at("cpu_time"));
+    const int place = run.at("family_index");
+    const auto [first, is_new] = first_place.emplace(key.workload, place);
+    if (!is_new) first->second = std::min(first->second, place);
   }
+  AddWorkloads(first_place);
   for (const auto& [key, times] : repetitions)
     medians_[key].push_back(Median(times));
+}
+
+void Measurements::AddWorkloads(const std::map<std::string, int>& places) {
+  std::vector<std::pair<int, std::string>> ordered;
+  for (const auto& [workload, place] : places)
+    ordered.emplace_back(place, workload);
+  std::sort(ordered.begin(), ordered.end());
+  for (const auto& [place, workload] : ordered) {
+    const bool known =
+        std::find(workloads_.begin(), workloads_.end(), workload) != workloads_.end();
+    if (!known) workloads_.push_back(workload);
+  }
 }
 
 double Measurements::Time(const Key& key) const {
