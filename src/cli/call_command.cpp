@@ -33,8 +33,11 @@ CommandResult RunCall(const CommandLine& line, std::shared_ptr<const Platform> p
   for (std::size_t i = 1; i < line.words.size(); ++i)
     words.Add(line.words[i]);
 
-  PipeSession session(std::move(platform));
-  ApplySettings(session.component(), line);
+  PipeSession session(platform, [&] {
+    auto component = std::make_unique<LocalComponent>(platform);
+    ApplySettings(component->object(), line);
+    return component;
+  });
   const char* const verb = member.kind == SlotKind::Method ? "member" : "get";
   const Json reply = Ask(session, {{verb, std::string(member.name)}, {"args", words.Take()}});
   const bool failed = reply.contains("error");

@@ -96,7 +96,7 @@ TEST(CallCommand, explains_a_wrong_command_line) {
   EXPECT_EQ(Problem({"call", "BitToHex", "256"}),
             "argument 'ibyt_Bit0': a whole number from 0 to 255 is needed");
   EXPECT_EQ(Problem({"call", "DebugMode", "--debug-mode", "loud"}),
-            "argument 'value': a member of enumDebugMode is needed");
+            "'--debug-mode': a member of enumDebugMode is needed");
   EXPECT_EQ(Problem({"call", "LogFilePath", "/x"}), "too many arguments: 'LogFilePath' takes 0");
 }
 

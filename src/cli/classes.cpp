@@ -11,12 +11,6 @@ namespace {
 
 using PlatformRef = std::shared_ptr<const Platform>;
 
-NamedValue MakeComponent(const PlatformRef& platform) {
-  NamedValue made;
-  made.component = std::make_unique<clsPublic>(platform);
-  return made;
-}
-
 template <auto kMake>
 NamedValue MakeDatabaseObject(const PlatformRef& platform) {
   if (platform->database == nullptr) RaiseFault(FaultNumber::CannotCreateObject);
@@ -29,15 +23,20 @@ struct CreatableClass {
 };
 
 constexpr CreatableClass kClasses[] = {
-    {kComponentClass, &MakeComponent},
     {"ADODB.Connection", &MakeDatabaseObject<&DatabaseObjects::MakeConnection>},
     {"ADODB.Recordset", &MakeDatabaseObject<&DatabaseObjects::MakeRecordset>},
 };
 
 }  // namespace
 
-NamedValue CreateObject(std::string_view class_name, const PlatformRef& platform) {
-  std::vector<std::string_view> names;
+NamedValue CreateObject(std::string_view class_name, const PlatformRef& platform,
+                        const ComponentMaker& make_component) {
+  if (SameName(kComponentClass, class_name)) {
+    NamedValue made;
+    made.component = make_component();
+    return made;
+  }
+  std::vector<std::string_view> names = {kComponentClass};
   for (const CreatableClass& known : kClasses) {
     names.push_back(known.name);
     if (SameName(known.name, class_name)) return known.make(platform);

@@ -15,7 +15,8 @@ inline constexpr std::string_view kComponentClass = "Public_Module.clsPublic";
 // A new object of the class, its name compared without regard to case. Raises ProtocolError for an
 // unknown class, AutomationError when making the object fails.
 NamedValue CreateObject(std::string_view class_name,
-                        const std::shared_ptr<const Platform>& platform);
+                        const std::shared_ptr<const Platform>& platform,
+                        const ComponentMaker& make_component);
 
 }  // namespace vandpublic
 

@@ -37,8 +37,9 @@ struct Command {
   std::span<const Option> options;
 };
 
-// The first is the tool itself, with the options that go with every command.
-std::span<const Command> Commands() noexcept;
+// What this system's tool has. The first is the tool itself, with the options that go with every
+// command.
+std::span<const Command> Commands();
 
 struct CommandLine {
   const Command* command = nullptr;  // null when none was named

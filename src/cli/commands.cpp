@@ -1,5 +1,9 @@
 // What the tool offers, in the words of its help texts.
+#include <algorithm>
+#include <iterator>
+
 #include "cli/command_line.h"
+#include "cli/system_commands.h"
 
 namespace vandpublic {
 namespace {
@@ -160,6 +164,17 @@ Exit status: 0 nothing is wrong, 1 something is, 2 the file cannot be read.
 
 )";
 
+constexpr std::string_view kComCheckExamples = R"(  vandpublic com-check
+)";
+
+constexpr std::string_view kComCheckNotes =
+    R"(Looks at the registry as 64-bit and as 32-bit programs see it, at the files that it names, and
+creates an object. A program can only load a DLL of its own bitness; each needs its registration.
+
+Exit status: 0 all is well for programs like this one, 1 something is wrong.
+
+)";
+
 constexpr Command kCommands[] = {
     {"", "VandPublic: conversions, ciphers, settings, files and databases in one component.",
      "COMMAND [ARGUMENT...]", kToolExamples, kToolNotes, kToolOptions},
@@ -182,10 +197,24 @@ constexpr Command kCommands[] = {
      kRegistryExamples,
      kRegistryNotes,
      {}},
+    {"com-check",
+     "Tells what programs find when they create the class, and what is wrong.",
+     "com-check",
+     kComCheckExamples,
+     kComCheckNotes,
+     {}},
 };
 
 }  // namespace
 
-std::span<const Command> Commands() noexcept { return kCommands; }
+std::span<const Command> Commands() {
+  static const std::vector<Command> offered = [] {
+    std::vector<Command> commands;
+    std::copy_if(std::begin(kCommands), std::end(kCommands), std::back_inserter(commands),
+                 [](const Command& command) { return IsOffered(command.name); });
+    return commands;
+  }();
+  return offered;
+}
 
 }  // namespace vandpublic

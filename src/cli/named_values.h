@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "frame/clsPublic.h"
+#include "cli/component.h"
 #include "members/member_table.h"
 #include "runtime/variant.h"
 
@@ -19,7 +19,7 @@ struct NamedValue {
   InterfaceType type = InterfaceType::Variant;
   Variant value = {};
   // Set for a clsPublic object, which is no value that could be passed to a member.
-  std::unique_ptr<clsPublic> component = {};
+  std::unique_ptr<Component> component = {};
 };
 
 // Case counts in these names. The addresses of the values hold until they are dropped.

@@ -2,11 +2,9 @@
 // is there, whatever follows it.
 #include "cli/pipe.h"
 
-#include <poll.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <cstring>
+
+#include "cli/system_streams.h"
 
 namespace vandpublic {
 namespace {
@@ -14,14 +12,6 @@ namespace {
 constexpr std::size_t kReadSize = 64 * 1024;
 // A buffer that one long line made larger than this is given back afterwards.
 constexpr std::size_t kKeptBuffer = 1024 * 1024;
-
-// Waits for a descriptor that somebody else has set not to block.
-void WaitFor(int descriptor, short events) {
-  pollfd wanted{descriptor, events, 0};
-  poll(&wanted, 1, -1);
-}
-
-bool WouldBlock() { return errno == EAGAIN || errno == EWOULDBLOCK; }
 
 }  // namespace
 
@@ -37,17 +27,10 @@ LineReader::Fill LineReader::ReadMore() {
     }
   }
   if (buffer_.size() - end_ < kReadSize) buffer_.resize(2 * end_ + kReadSize);
-  for (;;) {
-    const ssize_t count = read(descriptor_, buffer_.data() + end_, buffer_.size() - end_);
-    if (count > 0) end_ += static_cast<std::size_t>(count);
-    if (count > 0) return Fill::Some;
-    if (count == 0) return Fill::End;
-    if (WouldBlock()) {
-      WaitFor(descriptor_, POLLIN);
-    } else if (errno != EINTR) {
-      return Fill::Failed;
-    }
-  }
+  const std::ptrdiff_t count = ReadSome(descriptor_, buffer_.data() + end_, buffer_.size() - end_);
+  if (count > 0) end_ += static_cast<std::size_t>(count);
+  if (count == 0) return Fill::End;
+  return count > 0 ? Fill::Some : Fill::Failed;
 }
 
 LineReader::Outcome LineReader::DiscardLine() {
@@ -89,14 +72,9 @@ LineReader::Outcome LineReader::Next(std::string_view& line) {
 
 bool WriteAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
-    const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-    if (written >= 0) {
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    } else if (WouldBlock()) {
-      WaitFor(descriptor, POLLOUT);
-    } else if (errno != EINTR) {
-      return false;
-    }
+    const std::ptrdiff_t written = WriteSome(descriptor, bytes.data(), bytes.size());
+    if (written < 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
   }
   return true;
 }

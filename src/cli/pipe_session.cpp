@@ -138,7 +138,12 @@ std::string EchoedId(std::string_view line, const Json& id) {
 }  // namespace
 
 PipeSession::PipeSession(std::shared_ptr<const Platform> platform)
-    : platform_(std::move(platform)), component_(platform_) {}
+    : PipeSession(platform, [platform] { return std::make_unique<LocalComponent>(platform); }) {}
+
+PipeSession::PipeSession(std::shared_ptr<const Platform> platform, ComponentMaker make_component)
+    : platform_(std::move(platform)),
+      make_component_(std::move(make_component)),
+      component_(make_component_()) {}
 
 std::string PipeSession::HandleLine(std::string_view line) {
   try {
@@ -209,14 +214,14 @@ Json PipeSession::Member(const Json& request) {
   return ObjectMember(target.object, request);
 }
 
-Json PipeSession::ComponentMember(clsPublic& component, const Json& request) {
+Json PipeSession::ComponentMember(Component& component, const Json& request) {
   const std::size_t slot = NeedSlot(TextPart(request, "member"), SlotKind::Method);
   const MemberInfo& member = MemberTable()[slot];
   CallArguments arguments(member, Part(request, "args"), names_);
   Variant result;
   Json reply;
   try {
-    result = Guarded([&] { return InvokeSlot(component, slot, arguments.Pointers()); });
+    result = Guarded([&] { return component.Invoke(slot, arguments.Pointers()); });
     arguments.Settle();
     reply = Succeeded(EncodeValue(result, member.result));
   } catch (const AutomationError& error) {
@@ -263,7 +268,7 @@ Json PipeSession::Get(const Json& request) {
     const MemberInfo& member = MemberTable()[slot];
     CallArguments arguments(member, args, names_);
     const Variant value =
-        Guarded([&] { return InvokeSlot(*target.component, slot, arguments.Pointers()); });
+        Guarded([&] { return target.component->Invoke(slot, arguments.Pointers()); });
     KeepResult(request, value);
     return Succeeded(EncodeValue(value, member.result));
   } catch (const AutomationError& error) {
@@ -283,7 +288,7 @@ Json PipeSession::Set(const Json& request) {
     }
     const std::size_t slot = NeedSlot(name, SlotKind::PropertyPut);
     CallArguments arguments(MemberTable()[slot], Json::array({value}), names_);
-    Guarded([&] { return InvokeSlot(*target.component, slot, arguments.Pointers()); });
+    Guarded([&] { return target.component->Invoke(slot, arguments.Pointers()); });
     arguments.Settle();
     return Succeeded(nullptr);
   } catch (const AutomationError& error) {
@@ -297,7 +302,7 @@ Json PipeSession::New(const Json& request) {
   const std::string& class_name = TextPart(request, "new");
   const std::string& name = TextPart(request, "as");
   try {
-    NamedValue made = Guarded([&] { return CreateObject(class_name, platform_); });
+    NamedValue made = Guarded([&] { return CreateObject(class_name, platform_, make_component_); });
     names_[name] = std::move(made);
   } catch (const AutomationError& error) {
     return Failed(error);
@@ -339,7 +344,7 @@ Json PipeSession::Drop(const Json& request) {
 }
 
 PipeSession::Target PipeSession::FindTarget(const Json& request) {
-  if (!request.contains("on")) return {&component_};
+  if (!request.contains("on")) return {component_.get()};
   const std::string& name = TextPart(request, "on");
   const NamedValue& named = FindName(name);
   if (named.component) return {named.component.get()};

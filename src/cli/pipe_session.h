@@ -11,9 +11,9 @@
 #include <string>
 #include <string_view>
 
+#include "cli/component.h"
 #include "cli/json_text.h"
 #include "cli/named_values.h"
-#include "frame/clsPublic.h"
 #include "platform/platform.h"
 
 namespace vandpublic {
@@ -22,6 +22,8 @@ class PipeSession {
  public:
   // The component is created with these services and lives as long as the session.
   explicit PipeSession(std::shared_ptr<const Platform> platform);
+  // The same with components that somebody else makes.
+  PipeSession(std::shared_ptr<const Platform> platform, ComponentMaker make_component);
 
   // The reply to one line, in compact JSON without a line end. Raises nothing: what is no request
   // gets a reply with "protocol_error".
@@ -30,23 +32,20 @@ class PipeSession {
   // The same for a request that is parsed already. "id" is checked by nobody and not echoed.
   Json Handle(const Json& request);
 
-  // The component that requests without "on" are about.
-  clsPublic& component() noexcept { return component_; }
-
   // Keeps an object of the host's under a name, as {"new":...,"as":name} does.
   void Keep(std::string name, ObjectRef object);
 
  private:
   // What a request is about: the component, one created by the client, or an object.
   struct Target {
-    clsPublic* component = nullptr;
+    Component* component = nullptr;
     ObjectRef object = nullptr;
   };
 
   std::string Reply(std::string_view line);
   Json Dispatch(const Json& request);
   Json Member(const Json& request);
-  Json ComponentMember(clsPublic& component, const Json& request);
+  Json ComponentMember(Component& component, const Json& request);
   Json ObjectMember(const ObjectRef& object, const Json& request);
   Json Get(const Json& request);
   Json Set(const Json& request);
@@ -60,7 +59,8 @@ class PipeSession {
   void KeepResult(const Json& request, const Variant& result);
 
   std::shared_ptr<const Platform> platform_;
-  clsPublic component_;
+  ComponentMaker make_component_;
+  std::unique_ptr<Component> component_;
   NamedValues names_;
 };
 

@@ -4,6 +4,8 @@
 
 #include <new>
 
+#include "platform/database.h"
+#include "runtime/errors.h"
 #include "support/tool_platform.h"
 
 namespace vandpublic {
@@ -288,6 +290,11 @@ TEST(PipeSession, unknown_classes_are_refused) {
 }
 
 TEST(PipeSession, database_objects_are_created_and_passed) {
+  try {
+    MakeConnection()->Get("State", {});
+  } catch (const AutomationError& error) {
+    GTEST_SKIP() << "the connections of this system do not answer: " << error.what();
+  }
   Converse(
       {{R"({"new":"adodb.connection","as":"c"})", R"({"result":{"object":"ADODB.Connection"}})"},
        {R"({"new":"ADODB.Recordset","as":"r"})", R"({"result":{"object":"ADODB.Recordset"}})"},

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <optional>
@@ -185,7 +186,8 @@ std::string WordReader::Read(std::string_view word) {
     text = ReadAll(std::cin, "standard input");
   } else if (word.starts_with('@')) {
     const std::string name(word.substr(1));
-    std::ifstream file(name, std::ios::binary);
+    std::ifstream file(std::filesystem::path(std::u8string(name.begin(), name.end())),
+                       std::ios::binary);
     if (!file) throw UsageError("'" + name + "' cannot be opened");
     text = ReadAll(file, name);
   }

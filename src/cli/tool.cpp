@@ -1,9 +1,7 @@
 // Commands, exit statuses and the standard streams.
 #include "cli/tool.h"
 
-#include <unistd.h>
-
-#include <csignal>
+#include <cerrno>
 #include <cstring>
 #include <exception>
 
@@ -12,7 +10,8 @@
 #include "cli/members_command.h"
 #include "cli/pipe.h"
 #include "cli/pipe_session.h"
-#include "cli/registry_command.h"
+#include "cli/system_commands.h"
+#include "cli/system_streams.h"
 #include "cli/version.h"
 #include "platform/host_settings.h"
 
@@ -24,7 +23,7 @@ constexpr int kUnusable = 2;
 CommandResult RunPipeCommand(const CommandLine& line) {
   if (!line.words.empty()) throw UsageError("pipe takes no arguments");
   PipeSession session(ChosenPlatform(line));
-  const int status = RunPipe(session, STDIN_FILENO, STDOUT_FILENO);
+  const int status = RunPipe(session, kStandardInput, kStandardOutput);
   if (status == 0) return {};
   return {status, "", "vandpublic: pipe: " + std::string(std::strerror(errno)) + "\n"};
 }
@@ -36,7 +35,7 @@ CommandResult Run(const CommandLine& line) {
   if (line.command->name == "pipe") return RunPipeCommand(line);
   if (line.command->name == "batch") return RunBatchCommand(line);
   if (line.command->name == "members") return RunMembers(line);
-  if (line.command->name == "registry") return RunRegistry(line);
+  if (auto result = RunSystemCommand(line)) return std::move(*result);
   return RunCall(line, ChosenPlatform(line));
 }
 
@@ -63,17 +62,16 @@ std::shared_ptr<const Platform> ChosenPlatform(const CommandLine& line) {
                        "'; there are 874, 932, 936, 949, 950 and 1250 to 1258");
     }
   }
-  if (const auto file = line.Value("--registry")) SelectRegistryFile(*file);
+  if (const auto file = line.Value("--registry")) ChooseRegistryFile(*file);
   return SystemPlatform();
 }
 
 int RunTool(std::span<const char* const> arguments) {
-  // A reader that goes away is an error of the write, not the end of this process.
-  std::signal(SIGPIPE, SIG_IGN);
+  const ByteStreams streams;
   const CommandResult result = RunAndExplain(arguments);
-  WriteAll(STDERR_FILENO, result.errors);
-  if (WriteAll(STDOUT_FILENO, result.output)) return result.status;
-  WriteAll(STDERR_FILENO,
+  WriteAll(kStandardError, result.errors);
+  if (WriteAll(kStandardOutput, result.output)) return result.status;
+  WriteAll(kStandardError,
            "vandpublic: standard output: " + std::string(std::strerror(errno)) + "\n");
   return kUnusable;
 }

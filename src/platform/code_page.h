@@ -2,6 +2,7 @@
 #ifndef VANDPUBLIC_PLATFORM_CODE_PAGE_H
 #define VANDPUBLIC_PLATFORM_CODE_PAGE_H
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,17 @@ class CodePage {
   // invalid trail byte is taken together with its lead byte as one "?".
   virtual std::u16string Decode(std::string_view bytes) const = 0;
 };
+
+// The pages that a host can choose.
+inline constexpr int kCodePages[] = {874,  932,  936,  949,  950,  1250, 1251,
+                                     1252, 1253, 1254, 1255, 1256, 1257, 1258};
+
+// The page with this number; null for any other number, and where the system does not have it. It
+// converts as Windows does with best fit switched off, private-use characters included, on every
+// system alike. Safe in any thread.
+//
+//   std::string bytes = FindCodePage(1252)->Encode(u"caf\u00e9");  // 63 61 66 E9
+std::shared_ptr<const CodePage> FindCodePage(int number);
 
 }  // namespace vandpublic
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/posix/code_pages.h"
+#include "platform/code_page.h"
 
 namespace vandpublic {
 

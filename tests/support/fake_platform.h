@@ -103,7 +103,7 @@ class FakeRandom final : public RandomSource {
 struct FakePlatform {
   std::shared_ptr<FakeClock> clock = std::make_shared<FakeClock>();
   std::shared_ptr<FakeFiles> files = std::make_shared<FakeFiles>();
-  std::shared_ptr<DatabaseObjects> database;
+  std::shared_ptr<DatabaseObjects> database = nullptr;
   std::shared_ptr<FakeMessageBoxes> message_boxes = std::make_shared<FakeMessageBoxes>();
   std::shared_ptr<FakeRandom> random = std::make_shared<FakeRandom>();
   std::shared_ptr<RegExpEngine> regexp = nullptr;  // none unless the test sets one

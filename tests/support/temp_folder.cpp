@@ -1,9 +1,9 @@
 // Temporary folders.
 #include "support/temp_folder.h"
 
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
 
 #include "runtime/utf8.h"
@@ -12,9 +12,14 @@
 namespace vandpublic {
 
 TempFolder::TempFolder() {
-  std::string name = std::filesystem::temp_directory_path() / "vandpublic-test-XXXXXX";
-  if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = name;
+  const std::filesystem::path parent = std::filesystem::temp_directory_path();
+  std::random_device random;
+  constexpr int kTries = 100;
+  for (int i = 0; i < kTries; ++i) {
+    path_ = parent / ("vandpublic-test-" + std::to_string(random()));
+    if (std::filesystem::create_directory(path_)) return;
+  }
+  throw std::runtime_error("no temporary folder");
 }
 
 TempFolder::TempFolder(const std::vector<std::string>& samples) : TempFolder() {
@@ -28,7 +33,7 @@ TempFolder::~TempFolder() {
 }
 
 std::u16string TempFolder::Inside(std::string_view name) const {
-  return FromUtf8((path_ / name).string());
+  return (path_ / name).u16string();
 }
 
 void TempFolder::Write(std::string_view name, std::string_view bytes) const {

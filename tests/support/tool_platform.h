@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/code_page.h"
 #include "platform/message_box.h"
 #include "platform/platform.h"
-#include "platform/posix/code_pages.h"
 #include "support/fake_platform.h"
 
 namespace vandpublic {

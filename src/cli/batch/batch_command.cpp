@@ -1,10 +1,6 @@
 // Files, resumption and threads of a batch.
 #include "cli/batch/batch_command.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <memory>
 #include <system_error>
@@ -13,6 +9,7 @@
 #include "cli/batch/batch_run.h"
 #include "cli/component_settings.h"
 #include "cli/pipe.h"
+#include "cli/system_streams.h"
 #include "cli/tool.h"
 
 namespace vandpublic {
@@ -24,13 +21,13 @@ constexpr int kMostJobs = 256;
 class Stream {
  public:
   explicit Stream(int standard) : descriptor_(standard) {}
-  Stream(const std::string& path, int flags) : descriptor_(open(path.c_str(), flags, 0666)) {
+  Stream(const std::string& path, FileUse use) : descriptor_(OpenFile(path, use)) {
     if (descriptor_ < 0) throw std::system_error(errno, std::generic_category(), path);
   }
   Stream(const Stream&) = delete;
   Stream& operator=(const Stream&) = delete;
   ~Stream() {
-    if (descriptor_ > STDERR_FILENO) close(descriptor_);
+    if (descriptor_ > kStandardError) CloseFile(descriptor_);
   }
   int get() const { return descriptor_; }
 
@@ -40,17 +37,16 @@ class Stream {
 
 std::unique_ptr<Stream> OpenInput(const CommandLine& line) {
   const auto path = line.Value("--input");
-  if (!path || *path == "-") return std::make_unique<Stream>(STDIN_FILENO);
-  return std::make_unique<Stream>(*path, O_RDONLY | O_CLOEXEC);
+  if (!path || *path == "-") return std::make_unique<Stream>(kStandardInput);
+  return std::make_unique<Stream>(*path, FileUse::Read);
 }
 
 std::unique_ptr<Stream> OpenOutput(const CommandLine& line) {
   const auto path = line.Value("--output");
   const bool resumes = line.Has("--resume");
-  if (!path) return std::make_unique<Stream>(STDOUT_FILENO);
-  const int flags = O_RDWR | O_CREAT | O_CLOEXEC | (resumes ? 0 : O_EXCL);
+  if (!path) return std::make_unique<Stream>(kStandardOutput);
   try {
-    return std::make_unique<Stream>(*path, flags);
+    return std::make_unique<Stream>(*path, resumes ? FileUse::GoOn : FileUse::Create);
   } catch (const std::system_error& error) {
     if (error.code().value() != EEXIST) throw;
     throw UsageError("'" + *path + "' exists; --resume goes on with it");
@@ -67,23 +63,23 @@ struct Left {
 Left CutToCompleteRecords(int output, RecordFormat format) {
   Left left;
   RecordScanner scanner(format);
-  off_t read_to = 0;
-  off_t complete_to = 0;
+  std::int64_t read_to = 0;
+  std::int64_t complete_to = 0;
   char buffer[1 << 16];
-  for (ssize_t count = 0; (count = read(output, buffer, sizeof buffer)) > 0;) {
+  for (std::ptrdiff_t count = 0; (count = ReadSome(output, buffer, sizeof buffer)) > 0;) {
     std::string_view bytes(buffer, static_cast<std::size_t>(count));
     while (!bytes.empty()) {
       const std::size_t size = scanner.Take(bytes);
       const std::string_view taken = bytes.substr(0, size);
       if (left.records == 0) left.first += taken;
-      read_to += static_cast<off_t>(taken.size());
+      read_to += static_cast<std::int64_t>(taken.size());
       bytes.remove_prefix(taken.size());
       if (size == bytes.npos) continue;
       complete_to = read_to;
       ++left.records;
     }
   }
-  if (ftruncate(output, complete_to) != 0 || lseek(output, complete_to, SEEK_SET) < 0) {
+  if (!CutFile(output, complete_to)) {
     throw std::system_error(errno, std::generic_category(), "the output");
   }
   return left;
@@ -144,7 +140,7 @@ BatchTotals Run(const CommandLine& line, const BatchPlan& plan) {
   reader.Skip(GoOn(output->get(), plan, header, line.Has("--resume")));
   BatchStreams streams;
   streams.output = output->get();
-  streams.shows_progress = isatty(streams.messages) == 1;
+  streams.shows_progress = IsTerminal(streams.messages);
   return RunBatch(plan, *format, reader, make_object, jobs, streams);
 }
 

@@ -1,11 +1,11 @@
 // Blocks are what one read gives, cut behind their last complete record.
 #include "cli/batch/record_reader.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
+
+#include "cli/system_streams.h"
 
 namespace vandpublic {
 namespace {
@@ -33,10 +33,7 @@ std::size_t RecordScanner::Take(std::string_view bytes) noexcept {
 void RecordReader::ReadMore(std::string& bytes) {
   const std::size_t size = bytes.size();
   bytes.resize(size + kReadSize);
-  ssize_t count = 0;
-  do {
-    count = read(descriptor_, bytes.data() + size, kReadSize);
-  } while (count < 0 && errno == EINTR);
+  const std::ptrdiff_t count = ReadSome(descriptor_, bytes.data() + size, kReadSize);
   if (count < 0) throw std::system_error(errno, std::generic_category(), "the input");
   bytes.resize(size + static_cast<std::size_t>(count));
   at_end_ = count == 0;

@@ -110,7 +110,7 @@ TEST(DesKernels, Every_set_agrees_with_the_model_on_random_jobs) {
   while (blocks_left != 0) {
     // Many short jobs, some of the longest kind.
     const std::size_t most = random() % 8 == 0 ? 4095 : random() % 2 == 0 ? 300 : 12;
-    const std::size_t blocks = std::min<std::size_t>(blocks_left, 1 + random() % most);
+    const std::size_t blocks = std::min(blocks_left, static_cast<std::size_t>(1 + random() % most));
     blocks_left -= blocks;
     const Sample sample(random, blocks);
     const Bytes expected = sample.ByModel();
@@ -125,7 +125,7 @@ TEST(DesKernels, All_sets_agree_with_each_other_on_ten_million_random_blocks) {
   const auto sets = UsableSets();
   std::size_t blocks_left = 10'000'000 / kShare;
   while (blocks_left != 0) {
-    const std::size_t blocks = std::min<std::size_t>(blocks_left, 1 + random() % 4095);
+    const std::size_t blocks = std::min(blocks_left, static_cast<std::size_t>(1 + random() % 4095));
     blocks_left -= blocks;
     const Sample sample(random, blocks);
     const Bytes expected = sample.By(*sets.back());

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "platform/posix/code_pages.h"
+#include "platform/code_page.h"
 #include "platform/posix/utf16_bytes.h"
 #include "runtime/utf8.h"
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <ctime>
+#include <filesystem>
 #include <string>
 
 #include "platform/host_settings.h"
@@ -21,7 +22,8 @@ TEST(PosixPlatform, Every_service_is_there_and_the_table_is_made_once) {
   EXPECT_NE(platform->ini_files, nullptr);
   EXPECT_NE(platform->registry, nullptr);
   EXPECT_NE(platform->system_names, nullptr);
-  EXPECT_FALSE(platform->component_folder.empty());
+  EXPECT_EQ(platform->component_folder,
+            std::filesystem::canonical("/proc/self/exe").parent_path().u16string());
   EXPECT_EQ(SystemPlatform(), platform);
 }
 

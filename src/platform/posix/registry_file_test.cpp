@@ -6,7 +6,7 @@
 #include <thread>
 #include <utility>
 
-#include "platform/posix/code_pages.h"
+#include "platform/code_page.h"
 #include "platform/posix/failing_calls.h"
 #include "platform/posix/test_folder.h"
 
