@@ -1,5 +1,6 @@
 // Writes the files that follow from the member table: the class declaration, the Member
-// enumeration and the list of late-bound calls.
+// enumeration, the list of late-bound calls, the type library's source, the vtable's functions and
+// the reference pages.
 //
 //   vandpublic-generate SOURCE_FOLDER    writes them in place
 #include <filesystem>
@@ -8,6 +9,7 @@
 #include <string>
 
 #include "class_header.h"
+#include "interface_idl.h"
 #include "member_lists.h"
 #include "reference_pages.h"
 
@@ -39,6 +41,8 @@ int main(int argc, char** argv) {
     WriteIfChanged(root / "src/frame/clsPublic.h", ClassHeader());
     WriteIfChanged(root / "src/members/member_ids.h", MemberIds());
     WriteIfChanged(root / "src/invoke/bindings.inc", Bindings());
+    WriteIfChanged(root / "src/com/public_module.idl", InterfaceIdl());
+    WriteIfChanged(root / "src/com/vtable_members.inc", VtableMembers());
     for (const Page& page : ReferencePages()) {
       WriteIfChanged(root / "docs/reference" / page.file_name, page.text);
     }
