@@ -5,7 +5,8 @@ set -eu
 cd "$(dirname "$0")/.."
 copy=$(mktemp -d)
 trap 'rm -rf "$copy"' EXIT
-generated='src/frame/clsPublic.h src/members/member_ids.h src/invoke/bindings.inc docs/reference'
+generated='src/frame/clsPublic.h src/members/member_ids.h src/invoke/bindings.inc
+  src/com/public_module.idl src/com/vtable_members.inc docs/reference'
 build/release/bin/vandpublic-generate "$copy"
 for path in $generated; do
   [ -e "$path" ] || { echo "$path is missing"; exit 1; }

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Installs what is missing of the named groups of packages.txt (all groups: build test lint db
-# bench).
+# Installs what is missing of the named groups of packages.txt (all groups: build demo test db
+# lint bench windows).
 #
 #   scripts/setup.sh build test
 set -eu
@@ -30,5 +30,14 @@ echo "installing:$missing"
 export DEBIAN_FRONTEND=noninteractive
 # Lists may be missing or old on a new machine; a failing update shows in the install.
 $as_root apt-get update -qq || true
+# A server package is to be there, not to run: no installed service is started. Where the machine
+# has a policy of its own, that one holds.
+policy=/usr/sbin/policy-rc.d
+if [ ! -e $policy ]; then
+  printf '#!/bin/sh\nexit 101\n' | $as_root tee $policy >/dev/null
+  $as_root chmod 755 $policy
+  trap '$as_root rm -f $policy' EXIT
+  trap 'exit 130' INT TERM
+fi
 # shellcheck disable=SC2086  # a list of names
 $as_root apt-get install -y -qq --no-install-recommends $missing >/dev/null

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test there is: the checks of the tree itself,
 # then all tests in the release build and again under AddressSanitizer and
-# UndefinedBehaviorSanitizer. A table at the end says what ran, what was skipped and why; the last
+# UndefinedBehaviorSanitizer, then those of the Windows builds under Wine. A table at the end says what ran, what was skipped and why; the last
 # line counts. What a step printed is kept in build/test-logs.
 #
 #   scripts/test.sh            everything
@@ -77,14 +77,25 @@ suite() {
   while read -r line; do table+=("    $line"); done < <(skip_reasons "$log")
 }
 
-if ! scripts/setup.sh build test; then
+# windows ARCH: the Windows build and its tests under Wine; skipped, with the reason, where Wine or
+# the compilers cannot be had.
+windows() {
+  local arch=$1 log=$logs/wine-$1.log
+  [[ -z $only || windows-$arch == *$only* ]] || return 0
+  if ! { scripts/setup.sh windows && scripts/wine.sh "$arch" cmd /c ver; } >"$log" 2>&1; then
+    record "windows-$arch" 0 0 1 "$(grep . "$log" | tail -n 1)"
+    return
+  fi
+  suite "windows-$arch"
+  scripts/wine.sh "$arch" --end >>"$log" 2>&1
+}
+
+if ! scripts/setup.sh build demo test; then
   echo "0 passed, 1 failed, 0 skipped"
   exit 1
 fi
-
-# Continuous integration runs the database tests on real servers too. Elsewhere they run on the
-# servers that are installed already: a server package starts a server of its own.
-if [ -n "${CI:-}" ]; then scripts/setup.sh db; fi
+# Without the servers, the tests on them are skipped with the reason.
+scripts/setup.sh db
 
 check includes scripts/check_includes.sh
 check format scripts/check_format.sh
@@ -95,6 +106,12 @@ check instruction-counts scripts/check_instructions.sh
 check demo scripts/check_demo.sh
 check installed-package tests/install/run.sh
 suite sanitize
+windows x64
+windows x86
+# Where both could be built.
+if [[ -e build/windows-x64/bin/VandPublic.dll && -e build/windows-x86/bin/VandPublic.dll ]]; then
+  check windows-dist scripts/build-windows.sh
+fi
 
 echo
 printf '%-22s %7s %7s %7s   %s\n' step passed failed skipped note

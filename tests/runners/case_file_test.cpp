@@ -1,25 +1,22 @@
 #include "runners/case_file.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
+#include "support/temp_folder.h"
 
 namespace vandpublic {
 namespace {
 
 // What reading a file with this text raises, or nothing.
 std::string Problem(const std::string& text) {
-  const std::string path = testing::TempDir() + "vandpublic_cases_" + std::to_string(getpid());
-  std::ofstream(path) << text;
+  const TempFolder folder;
+  folder.Write("cases.json", text);
   std::string problem;
   try {
-    ReadCaseFile(path);
+    ReadCaseFile((folder.path() / "cases.json").string());
   } catch (const std::runtime_error& error) {
     problem = error.what();
   }
-  std::filesystem::remove(path);
   return problem;
 }
 

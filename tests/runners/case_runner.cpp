@@ -2,22 +2,25 @@
 //
 //   case_runner --surface cpp [--case NAME] FILE...
 //   case_runner --surface pipe --tool PATH [--case NAME] FILE...
+//   case_runner --surface com --style STYLE [--case NAME] FILE...    (Windows)
+//
+// --skip-list LIST names a file with cases that this system cannot show: lines "NAME REASON".
 //
 // Prints each failing case with what was expected and what came, each skipped one with its reason,
 // and a closing line with counts. Exit status 0 when all is well, 1 when a case failed, 2 when
 // something cannot be read, 77 when every case was skipped.
 #include <algorithm>
-#include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <map>
 
-#include "platform/posix/code_pages.h"
+#include "platform/code_page.h"
 #include "runners/case_file.h"
 #include "runners/expectation.h"
 #include "runners/surface.h"
+#include "support/temp_folder.h"
 
 namespace vandpublic {
 namespace {
@@ -26,34 +29,17 @@ namespace fs = std::filesystem;
 
 struct Options {
   std::string surface;
-  std::string tool;
+  std::string argument;  // the tool's path, the style of the calls
   std::string only_case;
+  std::map<std::string, std::string> elsewhere;  // cases that cannot run here, and why
   std::vector<std::string> files;
-};
-
-// A folder of our own that is gone when the case is over.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string pattern = (fs::temp_directory_path() / "vandpublic-case-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    path_ = pattern;
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-  }
-  const fs::path& path() const { return path_; }
-
- private:
-  fs::path path_;
 };
 
 std::unique_ptr<Surface> MakeSurface(const Options& options, const Surroundings& surroundings) {
   if (options.surface == "cpp") return MakeCppSurface(surroundings);
-  return MakePipeSurface(options.tool, surroundings);
+  auto surface = MakeSystemSurface(options.surface, options.argument, surroundings);
+  if (surface == nullptr) throw std::runtime_error("no surface '" + options.surface + "'");
+  return surface;
 }
 
 std::string BytesOf(const fs::path& path) {
@@ -120,7 +106,7 @@ std::string FilesProblem(const Case& test, const Places& places) {
     }
   }
   for (const auto& found : fs::recursive_directory_iterator(folder)) {
-    const std::string name = fs::relative(found.path(), folder).string();
+    const std::string name = fs::relative(found.path(), folder).generic_string();
     const bool wanted =
         test.left.contains(name) || (!test.log.empty() && name == test.log_file) ||
         std::find(test.folders.begin(), test.folders.end(), name) != test.folders.end();
@@ -138,42 +124,74 @@ std::string LogFileProblem(const Case& test, const Places& places, const std::st
                     earliest, Now());
 }
 
+// What is wrong, or nothing. Raises CannotRunHere.
 std::string RunCase(const Case& test, const Options& options) {
   try {
-    const TemporaryFolder folder;
+    const TempFolder folder;
     const Surroundings surroundings = Prepare(test, folder.path());
     const std::string earliest = Now();
     const auto surface = MakeSurface(options, surroundings);
     const Places places{folder.path().string(), surface->ComponentFolder()};
     const std::string problem = RunSteps(test, *surface, places);
     return problem.empty() ? LogFileProblem(test, places, earliest) : problem;
+  } catch (const CannotRunHere&) {
+    throw;
   } catch (const std::exception& error) {
     return error.what();
   }
 }
 
-int RunFiles(const Options& options) {
+// What became of the cases.
+struct Counts {
   int passed = 0;
   int failed = 0;
   int skipped = 0;
+};
+
+void RunAndCount(const Case& test, const Options& options, Counts& counts) {
+  std::string reason = test.RunsOn(options.surface) ? "" : test.skip_reason;
+  const auto elsewhere_only = options.elsewhere.find(test.name);
+  if (elsewhere_only != options.elsewhere.end()) reason = elsewhere_only->second;
+  std::string problem;
+  try {
+    if (reason.empty()) problem = RunCase(test, options);
+  } catch (const CannotRunHere& elsewhere) {
+    reason = elsewhere.what();
+  }
+  if (!reason.empty()) {
+    std::cout << "SKIPPED " << test.name << ": " << reason << "\n";
+    ++counts.skipped;
+  } else if (!problem.empty()) {
+    std::cout << "FAILED " << test.name << ": " << problem << "\n";
+    ++counts.failed;
+  } else {
+    ++counts.passed;
+  }
+}
+
+int RunFiles(const Options& options) {
+  Counts counts;
   for (const std::string& file : options.files) {
     for (const Case& test : ReadCaseFile(file)) {
       if (!options.only_case.empty() && test.name != options.only_case) continue;
-      if (!test.RunsOn(options.surface)) {
-        std::cout << "SKIPPED " << test.name << ": " << test.skip_reason << "\n";
-        ++skipped;
-        continue;
-      }
-      const std::string problem = RunCase(test, options);
-      if (!problem.empty()) std::cout << "FAILED " << test.name << ": " << problem << "\n";
-      ++(problem.empty() ? passed : failed);
+      RunAndCount(test, options, counts);
     }
   }
-  std::cout << options.surface << ": " << passed << " passed, " << failed << " failed, " << skipped
-            << " skipped\n";
-  if (failed > 0) return 1;
-  if (passed > 0) return 0;
-  return skipped > 0 ? 77 : 2;
+  std::cout << options.surface << ": " << counts.passed << " passed, " << counts.failed
+            << " failed, " << counts.skipped << " skipped\n";
+  if (counts.failed > 0) return 1;
+  if (counts.passed > 0) return 0;
+  return counts.skipped > 0 ? 77 : 2;
+}
+
+std::map<std::string, std::string> ReadSkipList(const std::string& path) {
+  std::map<std::string, std::string> reasons;
+  std::ifstream file(path);
+  if (!file) throw std::runtime_error(path + ": cannot be opened");
+  for (std::string name, reason; file >> name && std::getline(file >> std::ws, reason);) {
+    if (!name.starts_with("#")) reasons.emplace(name, reason);
+  }
+  return reasons;
 }
 
 Options ReadOptions(int argc, char** argv) {
@@ -183,19 +201,20 @@ Options ReadOptions(int argc, char** argv) {
     const auto value = [&] { return i + 1 < argc ? std::string(argv[++i]) : std::string(); };
     if (text == "--surface") {
       options.surface = value();
-    } else if (text == "--tool") {
-      options.tool = value();
+    } else if (text == "--tool" || text == "--style") {
+      options.argument = value();
+    } else if (text == "--skip-list") {
+      options.elsewhere = ReadSkipList(value());
     } else if (text == "--case") {
       options.only_case = value();
     } else {
       options.files.push_back(text);
     }
   }
-  const bool known_surface =
-      options.surface == "cpp" || (options.surface == "pipe" && !options.tool.empty());
-  if (!known_surface || options.files.empty()) {
+  if (options.surface.empty() || options.files.empty()) {
     throw std::runtime_error(
-        "usage: case_runner --surface cpp|pipe [--tool PATH] [--case NAME] FILE...");
+        "usage: case_runner --surface cpp|pipe|com [--tool PATH | --style STYLE] [--case NAME] "
+        "FILE...");
   }
   return options;
 }
@@ -204,7 +223,6 @@ Options ReadOptions(int argc, char** argv) {
 }  // namespace vandpublic
 
 int main(int argc, char** argv) {
-  std::signal(SIGPIPE, SIG_IGN);  // a tool that ends early is a failing case
   try {
     return vandpublic::RunFiles(vandpublic::ReadOptions(argc, argv));
   } catch (const std::exception& error) {

@@ -1,8 +1,5 @@
 // The component in this process.
-#include <stdexcept>
-
 #include "cli/pipe_session.h"
-#include "platform/host_settings.h"
 #include "runners/surface.h"
 #include "runtime/utf8.h"
 
@@ -10,8 +7,7 @@ namespace vandpublic {
 namespace {
 
 std::shared_ptr<const Platform> PlatformWith(const Surroundings& surroundings) {
-  if (!SelectCodePage(surroundings.code_page)) throw std::runtime_error("no such code page");
-  if (!surroundings.registry_file.empty()) SelectRegistryFile(surroundings.registry_file);
+  UseSurroundings(surroundings);
   return SystemPlatform();
 }
 

@@ -137,8 +137,7 @@ std::string ReplyProblem(const Json& reply, const std::optional<Json>& expected)
 
 std::string Now() {
   const std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
+  const std::tm local = *std::localtime(&now);
   char text[kDateLength + 1];
   std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
   return text;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/posix/code_pages.h"
+#include "platform/code_page.h"
 
 namespace vandpublic {
 namespace {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cli/pipe.h"
+#include "platform/host_settings.h"
 #include "runners/surface.h"
 
 extern char** environ;
@@ -143,9 +144,16 @@ class PipeSurface final : public Surface {
 
 }  // namespace
 
-std::unique_ptr<Surface> MakePipeSurface(const std::string& tool,
-                                         const Surroundings& surroundings) {
-  return std::make_unique<PipeSurface>(tool, surroundings);
+void UseSurroundings(const Surroundings& surroundings) {
+  if (!SelectCodePage(surroundings.code_page)) throw std::runtime_error("no such code page");
+  if (!surroundings.registry_file.empty()) SelectRegistryFile(surroundings.registry_file);
+}
+
+std::unique_ptr<Surface> MakeSystemSurface(const std::string& name, const std::string& argument,
+                                           const Surroundings& surroundings) {
+  if (name != "pipe" || argument.empty()) return nullptr;
+  std::signal(SIGPIPE, SIG_IGN);  // a tool that ends early is a failing case
+  return std::make_unique<PipeSurface>(argument, surroundings);
 }
 
 }  // namespace vandpublic

@@ -3,11 +3,18 @@
 #define VANDPUBLIC_TESTS_RUNNERS_SURFACE_H
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 
 #include "cli/json_text.h"
 
 namespace vandpublic {
+
+// Why a case cannot run on this machine.
+class CannotRunHere : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
 
 class Surface {
  public:
@@ -30,11 +37,18 @@ struct Surroundings {
   std::string registry_file;  // empty: the system's
 };
 
+// Sets them for the components that this process creates from now on. Raises CannotRunHere.
+void UseSurroundings(const Surroundings& surroundings);
+
 // In this process: a new component, called by name.
 std::unique_ptr<Surface> MakeCppSurface(const Surroundings& surroundings);
 
-// Through a new process of the tool, `TOOL pipe --codepage N`.
-std::unique_ptr<Surface> MakePipeSurface(const std::string& tool, const Surroundings& surroundings);
+// The other surfaces of the system that the runner is built for, by name; null for unknown ones.
+//
+//   pipe  a new process of the tool with the path `argument`, `TOOL pipe --codepage N`
+//   com   (Windows) an object of the registered class; `argument` is a style of com_component.h
+std::unique_ptr<Surface> MakeSystemSurface(const std::string& name, const std::string& argument,
+                                           const Surroundings& surroundings);
 
 }  // namespace vandpublic
 
