@@ -8,6 +8,7 @@
 #include "crypto/kernels/table_kernel.h"
 #include "memory/watched_memory.h"
 #include "runtime/coerce.h"
+#include "support/slow_build.h"
 #include "support/test_component.h"
 
 namespace vandpublic {
@@ -31,11 +32,16 @@ std::vector<Byte> UnitsOf(std::string_view text) {
   return BytesOf(units.data(), 2 * units.size());
 }
 
+// Builds that are not optimised, or that sanitizers check, keep single words on the stack that the
+// build that is shipped holds in registers.
+constexpr bool kBuiltAsShipped = !kSlowBuild;
+
 // The halves of the key, and what the table kernels make of the first.
 std::vector<Secret> KeySecrets() {
   const ByteArray key = FromHex(kKeyDigits);
   std::vector<Secret> secrets = {{"first key half", BytesOf(key.Elements().data(), 8)},
                                  {"second key half", BytesOf(key.Elements().data() + 8, 8)}};
+  if (!kBuiltAsShipped) return secrets;
   des::PassKeys subkeys{};
   des::Schedule({key.Elements().data(), true}, subkeys);
   for (const int i : {0, 1, 5, 16})
@@ -116,7 +122,9 @@ TEST(KeyRemains, The_search_finds_what_a_careless_call_leaves) {
   });
   EXPECT_THAT(remains, Contains("heap: second key half"));
   EXPECT_THAT(remains, Contains("stack: second key half"));
-  EXPECT_THAT(remains, Contains("stack: subkeys 5"));
+  if (kBuiltAsShipped) {
+    EXPECT_THAT(remains, Contains("stack: subkeys 5"));
+  }
 }
 
 class KeyRemainsCipher : public ::testing::TestWithParam<CallCase> {};
