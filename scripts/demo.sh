@@ -4,9 +4,9 @@
 set -eu
 cd "$(dirname "$0")/.."
 scripts/setup.sh build demo
-cmake --preset release -DVANDPUBLIC_TESTS=OFF >/dev/null
-cmake --build --preset release --target demo -- --quiet
+cmake --preset demo >/dev/null
+cmake --build --preset demo --target demo -- --quiet
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 mkdir "$folder/LOG"
-build/release/bin/demo "$folder"
+build/demo/bin/demo "$folder"
