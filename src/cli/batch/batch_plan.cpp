@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "cli/argument_words.h"
+#include "cli/call_arguments.h"
 #include "cli/json_values.h"
 #include "cli/suggestion.h"
 #include "invoke/late_call.h"
@@ -13,11 +14,8 @@ namespace {
 
 std::size_t ParameterIndex(const MemberInfo& member, const std::string& name) {
   if (const auto index = FindParameter(member, name)) return *index;
-  std::vector<std::string_view> names;
-  for (const Parameter& parameter : member.parameters)
-    names.push_back(parameter.name);
   throw UsageError("'" + std::string(member.name) + "' has no parameter '" + name + "'" +
-                   DidYouMean(name, names));
+                   DidYouMean(name, ParameterNames(member)));
 }
 
 // "PARAMETER=COLUMN", or a parameter alone whose column has its name.

@@ -56,6 +56,8 @@ std::string RowCall::Run() {
     return misfit.what();
   } catch (const std::bad_alloc&) {
     return "out of memory";
+  } catch (const std::length_error&) {
+    return "out of memory";
   }
 }
 
