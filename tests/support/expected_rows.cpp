@@ -137,6 +137,17 @@ std::string ShownValue(const Variant& value, DataType type) {
   return WithoutBlanksAtEnd(ToText(value).ToUtf8());
 }
 
+std::string ShownResult(const Result& result) {
+  std::string text;
+  for (const Row& row : result.rows) {
+    if (!text.empty()) text += "/";
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+      text += (i == 0 ? "" : "|") + ShownValue(row.values[i], result.columns[i].type);
+    }
+  }
+  return text;
+}
+
 TextRows ShownRows(FileTable& table, bool lower_case_names) {
   TextRows rows(1);
   const auto& columns = table.Columns();

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/posix/ado/provider.h"
 #include "platform/posix/ado/sql/file_table.h"
 
 namespace vandpublic::ado {
@@ -17,6 +18,9 @@ TextRows ReadExpectedRows(const std::string& name);
 
 // A value in that form. Texts lose the blanks at their ends, with which some columns are padded.
 std::string ShownValue(const Variant& value, DataType type);
+
+// The values of a statement's rows, "|" between those of a row and "/" between rows.
+std::string ShownResult(const Result& result);
 
 // All rows of the table, the column names first, in lower case where that is asked for.
 TextRows ShownRows(FileTable& table, bool lower_case_names);

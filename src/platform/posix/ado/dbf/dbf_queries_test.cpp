@@ -19,18 +19,6 @@ SqlEngine Samples() {
   return {std::make_unique<DbfFolder>(SamplePath("dbf"), settings), Dialect::FoxPro};
 }
 
-// The values of the rows, "|" between those of a row and "/" between rows.
-std::string Rows(const Result& result) {
-  std::string text;
-  for (const Row& row : result.rows) {
-    if (!text.empty()) text += "/";
-    for (std::size_t i = 0; i < row.values.size(); ++i) {
-      text += (i == 0 ? "" : "|") + ShownValue(row.values[i], result.columns[i].type);
-    }
-  }
-  return text;
-}
-
 struct Query {
   const char* name;
   const char* statement;
@@ -41,7 +29,7 @@ class FoxProQuery : public testing::TestWithParam<Query> {};
 
 TEST_P(FoxProQuery, Gives_these_rows) {
   SqlEngine engine = Samples();
-  EXPECT_EQ(Rows(engine.Execute(GetParam().statement, false)), GetParam().rows);
+  EXPECT_EQ(ShownResult(engine.Execute(GetParam().statement, false)), GetParam().rows);
 }
 
 constexpr Query kQueries[] = {

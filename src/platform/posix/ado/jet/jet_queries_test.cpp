@@ -19,17 +19,6 @@ SqlEngine EngineFor(const std::string& path, std::u16string_view password = {}) 
   return {std::make_unique<JetDatabase>(path, password, FindCodePage(1252)), Dialect::Jet};
 }
 
-std::string Rows(const Result& result) {
-  std::string text;
-  for (const Row& row : result.rows) {
-    if (!text.empty()) text += "/";
-    for (std::size_t i = 0; i < row.values.size(); ++i) {
-      text += (i == 0 ? "" : "|") + ShownValue(row.values[i], result.columns[i].type);
-    }
-  }
-  return text;
-}
-
 struct Query {
   const char* name;
   const char* statement;
@@ -41,7 +30,7 @@ class JetQuery : public testing::TestWithParam<Query> {};
 
 TEST_P(JetQuery, Gives_these_rows) {
   SqlEngine engine = EngineFor(SamplePath("jet/testV1997.mdb"));
-  EXPECT_EQ(Rows(engine.Execute(GetParam().statement, false)), GetParam().rows);
+  EXPECT_EQ(ShownResult(engine.Execute(GetParam().statement, false)), GetParam().rows);
 }
 
 constexpr Query kQueries[] = {
