@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test there is: the checks of the tree itself,
 # then all tests in the release build and again under AddressSanitizer and
-# UndefinedBehaviorSanitizer, then those of the Windows builds under Wine. A table at the end says what ran, what was skipped and why; the last
-# line counts. What a step printed is kept in build/test-logs.
+# UndefinedBehaviorSanitizer, then those of the Windows builds under Wine. A table at the end says
+# what ran, what was skipped and why; the last line counts. What a step printed is kept in
+# build/test-logs.
 #
 #   scripts/test.sh            everything
 #   scripts/test.sh release    only the steps whose names match
@@ -108,8 +109,6 @@ check installed-package tests/install/run.sh
 suite sanitize
 windows x64
 windows x86
-# A second build of them would take CI's time; CONTRIBUTING.md tells how to run them.
-[[ -n $only ]] || record "windows-x86 unit tests" 0 0 1 "take too long to build; those of x64 ran"
 # Where both could be built.
 if [[ -e build/windows-x64/bin/VandPublic.dll && -e build/windows-x86/bin/VandPublic.dll ]]; then
   check windows-dist scripts/build-windows.sh
