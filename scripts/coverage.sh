@@ -22,10 +22,9 @@ ctest --test-dir build/coverage -j2 --timeout 900 --output-on-failure --quiet
 
 # Not what the generators of tools compiled of the same sources.
 report() {
-  gcovr --root . --object-directory build/coverage --filter 'src/' \
-    --exclude '.*_test\.cpp' \
-    --exclude-throw-branches --exclude-unreachable-branches build/coverage/src \
-    build/coverage/tests "$@"
+  gcovr --root . --object-directory build/coverage --filter 'src/' --exclude '.*_test\.cpp' \
+    --exclude-throw-branches --exclude-unreachable-branches "$@" build/coverage/src \
+    build/coverage/tests
 }
 report --txt build/coverage/lines.txt >/dev/null
 report --txt build/coverage/branches.txt --branches >/dev/null

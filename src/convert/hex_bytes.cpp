@@ -110,8 +110,8 @@ ByteArray clsPublic::FstrHexStrToByte(const String& istr_HexStr, Integer Padding
     ByteArray scratch = ByteArray::WithBounds(0, kScratchSize - 1);
     const std::size_t read =
         DecodeHex(digits.substr(0, 2 * scratch.Elements().size()), &scratch.At(0));
-    for (std::size_t i = 2 * read; i < digits.size(); i += 2) {  // to where it fails
-      scratch.At(static_cast<Long>(i / 2)) = PairAt(digits, i);
+    if (2 * read < digits.size()) {  // no room, or a lower-case digit: raises what it is
+      scratch.At(static_cast<Long>(read)) = PairAt(digits, 2 * read);
     }
 
     auto count = static_cast<Integer>(digits.size() / 2);

@@ -128,6 +128,13 @@ TEST_F(FillTest, The_position_may_be_any_kind_of_number) {
   EXPECT_EQ(position_, Variant(Integer{1}));
   Fill("0D", 5.5);
   EXPECT_EQ(Hex(array_), "0C 00 0A 0B 00 00 0D 00");
+  Fill("0E0F", Long{3});
+  EXPECT_EQ(position_, Variant(Long{5}));
+  EXPECT_EQ(Hex(array_), "0C 00 0A 0E 0F 00 0D 00");
+  Fill("0102", Long{7});
+  EXPECT_EQ(raised_, MemberError(0x31, "FillByteArrWithHexStr", ""));
+  EXPECT_EQ(position_, Variant(Long{8})) << "one byte fitted";
+  EXPECT_EQ(Hex(array_), "0C 00 0A 0E 0F 00 0D 01");
 }
 
 TEST_F(FillTest, A_position_that_is_no_number_fails_at_the_first_byte) {

@@ -10,8 +10,8 @@ namespace {
 
 constexpr Integer kLengthDigits = 4;
 
-// A general numeric test: blanks around it, a sign before or behind, digits with at most one
-// decimal point.
+// A general numeric test, of two characters at most: blanks around it, a sign before or behind,
+// digits with a decimal point.
 bool IsNumeric(std::u16string_view text) {
   std::u16string_view number = TrimSpaces(text);
   const auto is_sign = [](char16_t c) { return c == u'+' || c == u'-'; };
@@ -20,18 +20,13 @@ bool IsNumeric(std::u16string_view text) {
   } else if (!number.empty() && is_sign(number.back())) {
     number.remove_suffix(1);
   }
-  std::size_t digits = 0;
-  std::size_t points = 0;
+  bool has_digit = false;
   for (const char16_t c : number) {
-    if (c == u'.') {
-      ++points;
-    } else if (c >= u'0' && c <= u'9') {
-      ++digits;
-    } else {
-      return false;
-    }
+    const bool is_digit = c >= u'0' && c <= u'9';
+    if (!is_digit && c != u'.') return false;
+    has_digit = has_digit || is_digit;
   }
-  return digits > 0 && points <= 1;
+  return has_digit;
 }
 
 // Half the number of digits. An odd number has a fraction, which makes the record no hexadecimal

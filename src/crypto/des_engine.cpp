@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <array>
 
-#include "crypto/byte_view.h"
 #include "crypto/kernels/kernel_choice.h"
 #include "runtime/wipe.h"
 
@@ -64,17 +63,25 @@ void Chain(ChainJob& job, std::span<const Byte> message, DesBlock chain) {
   des::RunChain(des::ActiveKernelSet(), job);
 }
 
-// The block that is not whole in the source or the result: read byte by byte, written byte by
-// byte, until a subscript fails.
-void CipherUntilFault(const Byte* key, ByteView source, Long start, MutableByteView result,
-                      bool encipher) {
+// All whole blocks, then the one that is not whole in the source or the result: read byte by byte,
+// written byte by byte, until a subscript fails.
+void CipherUntilFault(const Byte* key, const ByteArray& source, ByteArray& result, bool encipher) {
+  // The key may stand in the result and be gone after the whole blocks.
+  std::array<Byte, des::kBlockSize> own_key{};
+  const WipeOnExit wipe_key(own_key);
+  std::copy_n(key, own_key.size(), own_key.begin());
+  const Long whole = std::min(WholeBlocks(source), WholeBlocks(result));
+  if (whole > 0) {
+    Cipher(own_key.data(), encipher, Zeroth(source), Zeroth(result),
+           static_cast<std::size_t>(whole));
+  }
   std::array<Byte, des::kBlockSize> block{};
   const WipeOnExit wipe(block);
   for (Long i = 0; i < kBlock; ++i)
-    block[static_cast<std::size_t>(i)] = source[start + i];
-  Cipher(key, encipher, block.data(), block.data(), 1);
+    block[static_cast<std::size_t>(i)] = source.At(whole * kBlock + i);
+  Cipher(own_key.data(), encipher, block.data(), block.data(), 1);
   for (Long i = 0; i < kBlock; ++i)
-    result[start + i] = block[static_cast<std::size_t>(i)];
+    result.At(whole * kBlock + i) = block[static_cast<std::size_t>(i)];
 }
 
 }  // namespace
@@ -86,17 +93,9 @@ bool DesCipherBlocks(const ByteArray& Key, const ByteArray& Source, Integer SrcL
   if (HasSubscripts(Source, SrcLen) && HasSubscripts(Result, SrcLen)) {
     const Long blocks = std::max<Long>(SrcLen / kBlock, 0);
     Cipher(Zeroth(Key), Encipher, Zeroth(Source), Zeroth(Result), static_cast<std::size_t>(blocks));
-    return true;
+  } else {
+    CipherUntilFault(Zeroth(Key), Source, Result, Encipher);
   }
-  // The key may stand in the result and be gone after the whole blocks.
-  std::array<Byte, des::kBlockSize> key{};
-  const WipeOnExit wipe(key);
-  std::copy_n(Zeroth(Key), key.size(), key.begin());
-  const Long whole = std::min(WholeBlocks(Source), WholeBlocks(Result));
-  if (whole > 0) {
-    Cipher(key.data(), Encipher, Zeroth(Source), Zeroth(Result), static_cast<std::size_t>(whole));
-  }
-  CipherUntilFault(key.data(), View(Source), whole * kBlock, View(Result), Encipher);
   return true;
 }
 

@@ -49,7 +49,7 @@ using Cipher = bool (clsPublic::*)(ByteArray&, ByteArray&, Integer&, ByteArray&,
 // Outer, inner, outer under K1, K2, K1, each as a call of the member: what fails is then logged by
 // the member it fails in. The length is checked by the first step, which is why the work arrays
 // hold a block even for a length of 0 or less.
-bool CipherInSteps(clsPublic& object, ByteArray& key, ByteArray& source, Integer& length,
+void CipherInSteps(clsPublic& object, ByteArray& key, ByteArray& source, Integer& length,
                    ByteArray& result, Cipher outer, Cipher inner) {
   if (SizeOf(object, key) < kDoubleKeySize) Reject(messages::kInvalidKeySize);
   WipedByteArray k1(ByteArray::WithBounds(0, kKeySize - 1));
@@ -64,19 +64,20 @@ bool CipherInSteps(clsPublic& object, ByteArray& key, ByteArray& source, Integer
   (object.*outer)(*k1, source, length, *t1, u"");
   (object.*inner)(*k2, *t1, length, *t2, u"");
   (object.*outer)(*k1, *t2, length, result, u"");
-  return true;
 }
 
-// The three steps in one where none of them can fail: nothing else would show a difference.
+// The three steps in one, but for a call of which one must fail: nothing else would show a
+// difference.
 bool TripleCipher(clsPublic& object, ByteArray& key, ByteArray& source, Integer& length,
                   ByteArray& result, bool encipher) {
-  if (!CannotFail(key, kDoubleKeySize, source, length, result)) {
+  if (CannotFail(key, kDoubleKeySize, source, length, result)) {
+    TripleDesCipherBlocks(FromZero(key, kDoubleKeySize).first<16>(), FromZero(source, length),
+                          FromZero(result, length), encipher);
+  } else {
     const Cipher outer = encipher ? &clsPublic::DES : &clsPublic::UDES;
     const Cipher inner = encipher ? &clsPublic::UDES : &clsPublic::DES;
-    return CipherInSteps(object, key, source, length, result, outer, inner);
+    CipherInSteps(object, key, source, length, result, outer, inner);
   }
-  TripleDesCipherBlocks(FromZero(key, kDoubleKeySize).first<16>(), FromZero(source, length),
-                        FromZero(result, length), encipher);
   return true;
 }
 

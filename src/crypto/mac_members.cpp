@@ -26,28 +26,6 @@ void CopyBytes(clsPublic& object, ByteArray& destination, ByteArray& source, Int
   object.CpyByteArray(destination, source, length, Integer{0}, source_start);
 }
 
-// The padded message. Padding is always added, so a length that is a multiple of 8 gets a block
-// of its own; 1024 bytes leave no room for it, which is fault 9.
-ByteArray PaddedMessage(clsPublic& object, ByteArray& source, Integer length) {
-  ByteArray message = ByteArray::WithBounds(0, kMessageBuffer - 1);
-  CopyBytes(object, message, source, length, 0);
-  message.At(length) = kPaddingMark;
-  return message;
-}
-
-// chain = DES(key, chain XOR block), block by block.
-void Chain(clsPublic& object, ByteArray& key, const ByteArray& message, Integer length,
-           ByteArray& chain) {
-  ByteArray work = Block();
-  Integer block_size = kBlockSize;
-  const Long blocks = length / kBlockSize + 1;
-  for (Long start = 0; start < blocks * kBlockSize; start += kBlockSize) {
-    for (Long j = 0; j < kBlockSize; ++j)
-      work.At(j) = chain.At(j) ^ message.At(start + j);
-    object.DES(key, work, block_size, chain);
-  }
-}
-
 // The padded message and the chain of a call in which nothing can fail before the code is handed
 // out; wiped at the end.
 class Work {
@@ -93,50 +71,40 @@ void HandOut(std::span<const Byte> chain, ByteArray& receiver) {
     receiver.At(j) = chain[static_cast<std::size_t>(j)];
 }
 
-// The code in steps, each as a call of the member it belongs to: what fails is then logged by the
-// member it fails in.
-void MacInSteps(clsPublic& object, ByteArray& key, ByteArray& source, Integer length,
-                ByteArray& initial, ByteArray& receiver) {
-  const ByteArray message = PaddedMessage(object, source, length);
-  ByteArray chain = Block();
-  CopyBytes(object, chain, initial, kBlockSize, 0);
-  Chain(object, key, message, length, chain);
-  HandOut(chain.Elements(), receiver);
-}
-
-void RetailMacInSteps(clsPublic& object, ByteArray& key, ByteArray& source, Integer length,
-                      ByteArray& initial, ByteArray& receiver) {
-  const ByteArray message = PaddedMessage(object, source, length);
-  ByteArray chain = Block();
-  WipedByteArray k1(Block());
-  WipedByteArray k2(Block());
-  CopyBytes(object, chain, initial, kBlockSize, 0);
-  CopyBytes(object, *k1, key, kBlockSize, 0);
-  CopyBytes(object, *k2, key, kBlockSize, kBlockSize);
-  Chain(object, *k1, message, length, chain);
-
-  // The output transformation.
-  ByteArray work = Block();
+// The first steps of a code, each as a call of the member it belongs to, for a call of which one
+// must fail: it is then logged by the member that it fails in.
+void FailInSteps(clsPublic& object, ByteArray& key, Long key_halves, ByteArray& source,
+                 Integer length, ByteArray& initial) {
+  ByteArray message = ByteArray::WithBounds(0, kMessageBuffer - 1);
+  CopyBytes(object, message, source, length, 0);
+  message.At(length) = kPaddingMark;  // 1024 bytes leave no room for it
+  ByteArray block = Block();
   Integer block_size = kBlockSize;
-  object.UDES(*k2, chain, block_size, work);
-  object.DES(*k1, work, block_size, chain);
-  HandOut(chain.Elements(), receiver);
+  CopyBytes(object, block, initial, block_size, 0);
+  if (key_halves == 1) {
+    object.DES(key, block, block_size, block);
+  } else {
+    WipedByteArray half(Block());
+    CopyBytes(object, *half, key, block_size, 0);
+    CopyBytes(object, *half, key, block_size, kBlockSize);
+  }
 }
 
 }  // namespace
 
-// Both do the steps in one where none of them can fail: nothing else would show a difference.
+// Both do all steps in one, but for a call of which one must fail: nothing else would show a
+// difference.
 
 bool clsPublic::MAC(ByteArray& rabyt_Key, ByteArray& rabyt_Src, Integer& iint_SrcLen,
                     ByteArray& rabyt_Init, ByteArray& rabyt_MAC, OptionalRef<String>) {
   return Trapped(*this, Member::MAC, [&] {
-    if (!CannotFail(rabyt_Key, kBlockSize, rabyt_Src, iint_SrcLen, rabyt_Init)) {
-      MacInSteps(*this, rabyt_Key, rabyt_Src, iint_SrcLen, rabyt_Init, rabyt_MAC);
-      return true;
+    if (CannotFail(rabyt_Key, kBlockSize, rabyt_Src, iint_SrcLen, rabyt_Init)) {
+      Work work(rabyt_Src, iint_SrcLen, rabyt_Init);
+      DesChain(FromZero(rabyt_Key, kBlockSize).first<8>(), work.Message(), work.Chain());
+      HandOut(work.Chain(), rabyt_MAC);
+    } else {
+      FailInSteps(*this, rabyt_Key, 1, rabyt_Src, iint_SrcLen, rabyt_Init);
     }
-    Work work(rabyt_Src, iint_SrcLen, rabyt_Init);
-    DesChain(FromZero(rabyt_Key, kBlockSize).first<8>(), work.Message(), work.Chain());
-    HandOut(work.Chain(), rabyt_MAC);
     return true;
   });
 }
@@ -144,13 +112,13 @@ bool clsPublic::MAC(ByteArray& rabyt_Key, ByteArray& rabyt_Src, Integer& iint_Sr
 bool clsPublic::TMAC(ByteArray& rabyt_Key, ByteArray& rabyt_Src, Integer& iint_SrcLen,
                      ByteArray& rabyt_Init, ByteArray& rabyt_MAC, OptionalRef<String>) {
   return Trapped(*this, Member::TMAC, [&] {
-    if (!CannotFail(rabyt_Key, kDoubleKeySize, rabyt_Src, iint_SrcLen, rabyt_Init)) {
-      RetailMacInSteps(*this, rabyt_Key, rabyt_Src, iint_SrcLen, rabyt_Init, rabyt_MAC);
-      return true;
+    if (CannotFail(rabyt_Key, kDoubleKeySize, rabyt_Src, iint_SrcLen, rabyt_Init)) {
+      Work work(rabyt_Src, iint_SrcLen, rabyt_Init);
+      RetailChain(FromZero(rabyt_Key, kDoubleKeySize).first<16>(), work.Message(), work.Chain());
+      HandOut(work.Chain(), rabyt_MAC);
+    } else {
+      FailInSteps(*this, rabyt_Key, 2, rabyt_Src, iint_SrcLen, rabyt_Init);
     }
-    Work work(rabyt_Src, iint_SrcLen, rabyt_Init);
-    RetailChain(FromZero(rabyt_Key, kDoubleKeySize).first<16>(), work.Message(), work.Chain());
-    HandOut(work.Chain(), rabyt_MAC);
     return true;
   });
 }

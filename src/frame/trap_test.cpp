@@ -169,6 +169,22 @@ TEST(Trap, What_the_member_knows_already_is_logged_above_the_error_and_raised_al
                   std::string(20, ' ') + "clsCommon.OpenADORecordSet (-2147221468) - Not set."));
 }
 
+TEST(Trap, What_the_work_has_described_is_told_by_a_member_that_raises_nothing_too) {
+  TestComponent component;
+  String description = "old";
+  OptionalRef<String> reference(description);
+  EXPECT_EQ(Trapped(component.object, Member::SystemEncrypt, reference,
+                    [](String& known) -> int {
+                      known = "Known.";
+                      RaiseFault(FaultNumber::Overflow);
+                    }),
+            0);
+  EXPECT_EQ(description.ToUtf8(), "Known.");
+  EXPECT_THAT(component.LogLines(),
+              ElementsAre("2024-03-05 14:07:09 VandPublic.clsPublic.SystemEncrypt",
+                          std::string(20, ' ') + "Known.", testing::HasSubstr("(6) - Overflow")));
+}
+
 TEST(Trap, A_log_that_cannot_be_written_changes_nothing_of_the_failure) {
   TestComponent component;
   component.services.files->FailOpen(1, FaultNumber::PathNotFound);

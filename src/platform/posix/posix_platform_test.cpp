@@ -1,3 +1,4 @@
+// The services on Linux, and the clock.
 #include <gtest/gtest.h>
 
 #include <ctime>
@@ -40,31 +41,6 @@ TEST(PosixPlatform, A_selected_code_page_counts_for_the_settings_too) {
   ASSERT_TRUE(SelectCodePage(before));
   EXPECT_EQ(SystemPlatform()->ini_files->Read(ini, "S", "K", ""),
             SystemPlatform()->code_page->Encode(u"\u4e2d"));
-}
-
-TEST(PosixPlatform, A_selected_code_page_is_that_of_tables_taken_later) {
-  const auto earlier = SystemPlatform();
-  const int page = earlier->code_page->number();
-  EXPECT_TRUE(SelectCodePage(936));
-  const auto later = SystemPlatform();
-  EXPECT_EQ(earlier->code_page->number(), page);
-  EXPECT_EQ(later->code_page->number(), 936);
-  EXPECT_EQ(earlier->files, later->files) << "everything else is shared";
-  for (const int number : {0, -1, 437, 65001, 1259})
-    EXPECT_FALSE(SelectCodePage(number)) << number;
-  EXPECT_EQ(SystemPlatform()->code_page->number(), 936);
-  EXPECT_TRUE(SelectCodePage(page));
-}
-
-TEST(PosixPlatform, SeedRandom_starts_the_sequence_that_all_objects_draw_from) {
-  const auto earlier = SystemPlatform();
-  SeedRandom(5);
-  const double first = earlier->random->Next();
-  const double second = SystemPlatform()->random->Next();
-  EXPECT_NE(first, second);
-  SeedRandom(5);
-  EXPECT_EQ(SystemPlatform()->random->Next(), first);
-  EXPECT_EQ(earlier->random->Next(), second);
 }
 
 // Seconds since the epoch of a local time.

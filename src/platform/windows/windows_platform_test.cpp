@@ -1,13 +1,11 @@
-// The table of services on Windows, the system's code page, the clock and the boxes of a process
-// without a desktop.
+// The services on Windows, the system's code page, the clock and the boxes of a process without a
+// desktop.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <ctime>
 #include <string>
-#include <thread>
 
-#include "platform/host_settings.h"
 #include "platform/platform.h"
 #include "platform/windows/ansi_code_page.h"
 #include "platform/windows/desktop_message_boxes.h"
@@ -37,36 +35,6 @@ TEST(WindowsPlatform, The_component_lies_beside_its_program) {
   GetModuleFileNameW(nullptr, file, MAX_PATH);
   const std::u16string program = FromWide(file);
   EXPECT_EQ(SystemPlatform()->component_folder, program.substr(0, program.find_last_of(u'\\')));
-}
-
-TEST(WindowsPlatform, A_selected_code_page_is_that_of_tables_taken_later) {
-  const auto earlier = SystemPlatform();
-  const int page = earlier->code_page->number();
-  EXPECT_TRUE(SelectCodePage(936));
-  const auto later = SystemPlatform();
-  EXPECT_EQ(earlier->code_page->number(), page);
-  EXPECT_EQ(later->code_page->number(), 936);
-  EXPECT_EQ(earlier->files, later->files) << "everything else is shared";
-  for (const int number : {0, -1, 437, 65001, 1259})
-    EXPECT_FALSE(SelectCodePage(number)) << number;
-  EXPECT_EQ(SystemPlatform()->code_page->number(), 936);
-  EXPECT_TRUE(SelectCodePage(page));
-}
-
-TEST(WindowsPlatform, SeedRandom_starts_the_sequence_that_all_objects_draw_from) {
-  SeedRandom(5);
-  const double first = SystemPlatform()->random->Next();
-  SeedRandom(5);
-  EXPECT_EQ(SystemPlatform()->random->Next(), first);
-}
-
-TEST(WindowsPlatform, A_handler_gets_the_boxes_until_it_is_taken_back) {
-  SetMessageBoxHandler([](std::u16string_view text, std::u16string_view title, int style) {
-    return text == u"t" && title == u"h" && style == 324 ? 6 : 0;
-  });
-  EXPECT_EQ(SystemPlatform()->message_boxes->Show(u"t", u"h", 324), 6);
-  SetMessageBoxHandler({});
-  EXPECT_NE(dynamic_cast<DesktopMessageBoxes*>(SystemPlatform()->message_boxes.get()), nullptr);
 }
 
 TEST(WindowsClock, It_tells_the_local_time) {
