@@ -113,7 +113,7 @@ void DumpLine(const Byte* bytes, std::size_t count, char16_t* text) {
   }
   for (; i + 1 < count; ++i)
     std::memcpy(text + 3 * i, &kDumpEntries[bytes[i]], sizeof(DumpEntry));
-  std::memcpy(text + 3 * i, &kDumpEntries[bytes[i]], 3 * sizeof(char16_t));
+  if (i < count) std::memcpy(text + 3 * i, &kDumpEntries[bytes[i]], 3 * sizeof(char16_t));
 }
 
 bool Always() { return true; }

@@ -2,11 +2,13 @@
 //
 // Vector p of the 64 planes holds bit p of every block, one block a bit. The S-boxes are logic
 // (sbox_circuits.h) on whole vectors. The permutations cost nothing: they are only the numbers of
-// the planes that are read and written. A subkey bit is a mask of zeros or ones; the masks of all
-// 64 key bits and of their complements make one table, and each round takes its 48 from there.
+// the planes that are read and written. A key bit is a mask of zeros or ones. The masks of the two
+// key registers stand in a table, each register twice in a row, so that a round's rotation is where
+// its subkey starts: every other number is known to the compiler.
 //
-// Vector gives the type of a width (`Type`, on which ~ & | ^ << >> work by 64-bit lanes), and the
-// two transpositions of bytes. Included by one source for each width.
+// Vector gives the type of a width (`Type`, on which ~ & | ^ << >> work by 64-bit lanes), the type
+// of a mask (`Mask`, one that ^ repeats to the width, or the width itself), and the two
+// transpositions of bytes. Included by one source for each width.
 #ifndef VANDPUBLIC_CRYPTO_KERNELS_BIT_SLICES_H
 #define VANDPUBLIC_CRYPTO_KERNELS_BIT_SLICES_H
 
@@ -15,12 +17,14 @@
 #include <utility>
 
 #include "crypto/kernels/cipher_job.h"
-#include "crypto/kernels/key_bits.h"
 #include "crypto/kernels/local_wipe.h"
 #include "crypto/kernels/sbox_circuits.h"
 
 namespace vandpublic::des {
 namespace {
+
+inline constexpr std::size_t kRegister = 28;
+inline constexpr std::size_t kMasks = 4 * kRegister;
 
 // Numbers that follow from the standard's tables.
 struct SliceTables {
@@ -29,8 +33,15 @@ struct SliceTables {
   Byte plane[64];
   // target[q]: which bit of the half the S-box output q (0 to 31) changes.
   Byte target[32];
-  // mask[deciphers][round][j]: the key bit, 64 more for its complement.
-  Byte mask[2][16][48];
+  // register_bit[i]: the key bit behind mask i. The registers C and D, each twice.
+  Byte register_bit[kMasks];
+  // rotation[r]: by how many places round r has rotated them. start[j]: where subkey bit j stands
+  // when they are not.
+  Byte rotation[16];
+  Byte start[48];
+  // turns[j]: whether bit j of the expanded half stands complemented in every second pair of
+  // rounds.
+  bool turns[48];
 };
 
 consteval SliceTables MakeSliceTables() {
@@ -39,22 +50,26 @@ consteval SliceTables MakeSliceTables() {
     const std::size_t bit = kInitialPermutation[i] - 1u;
     tables.plane[8 * (bit / 8) + 7 - bit % 8] = static_cast<Byte>(i);
   }
+  // In 16 rounds each half is updated eight times, so that the complements cancel in the end.
   bool complemented[32] = {};  // bits of a half that each update complements
   for (std::size_t i = 0; i < 32; ++i) {
     const std::size_t output = kRoundPermutation[i] - 1u;
     tables.target[output] = static_cast<Byte>(i);
     complemented[i] = kSboxCircuits[output / 4].output[output % 4].complemented;
   }
-  // In 16 rounds each half is updated eight times, so that the complements cancel in the end. In
-  // between, round r (from 0) reads a half that has been updated (r + 1) / 2 times.
+  for (std::size_t i = 0; i < kMasks; ++i) {
+    const std::size_t place = i / (2 * kRegister) * kRegister + i % kRegister;
+    tables.register_bit[i] = static_cast<Byte>(kPermutedChoice1[place] - 1);
+  }
+  std::size_t shift = 0;
   for (std::size_t r = 0; r < 16; ++r) {
-    for (std::size_t j = 0; j < 48; ++j) {
-      const bool odd = (r + 1) / 2 % 2 == 1 && complemented[kExpansion[j] - 1u];
-      for (std::size_t deciphers = 0; deciphers < 2; ++deciphers) {
-        const Byte source = kSubkeySource[deciphers != 0 ? 15 - r : r][j];
-        tables.mask[deciphers][r][j] = static_cast<Byte>(source + (odd ? 64 : 0));
-      }
-    }
+    shift += kShiftSchedule[r];
+    tables.rotation[r] = static_cast<Byte>(shift);
+  }
+  for (std::size_t j = 0; j < 48; ++j) {
+    const std::size_t place = kPermutedChoice2[j] - 1u;
+    tables.start[j] = static_cast<Byte>(place + place / kRegister * kRegister);
+    tables.turns[j] = complemented[kExpansion[j] - 1u];
   }
   return tables;
 }
@@ -71,14 +86,24 @@ template <GateOp kOp, class V>
   if constexpr (kOp == GateOp::AndNot) return a & ~b;
 }
 
+// The masks of a round, from its rotation on; those of the bits that stand complemented, if any do.
+template <class Mask>
+struct RoundMasks {
+  const Mask* plain;
+  const Mask* turned;
+};
+
 // S-box kBox of a round: from the half read, with the masks of its six bits, into the half written.
-template <std::size_t kBox, class V, std::size_t... kGates>
-[[gnu::always_inline]] inline void RunSbox(const V* read, V* written, const std::uint64_t* masks,
-                                           const Byte* choice, std::index_sequence<kGates...>) {
+template <std::size_t kBox, class V, class Mask, std::size_t... kInputs, std::size_t... kGates>
+[[gnu::always_inline]] inline void RunSbox(const V* read, V* written, RoundMasks<Mask> masks,
+                                           std::index_sequence<kInputs...>,
+                                           std::index_sequence<kGates...>) {
   constexpr const SboxCircuit& kCircuit = kSboxCircuits[kBox];
-  V signal[6 + sizeof...(kGates)];
-  for (std::size_t i = 0; i < 6; ++i)
-    signal[i] = read[kExpansion[6 * kBox + i] - 1] ^ masks[choice[6 * kBox + i]];
+  constexpr const Byte* kStart = &kSliceTables.start[6 * kBox];
+  constexpr const bool* kTurns = &kSliceTables.turns[6 * kBox];
+  V signal[6 + sizeof...(kGates)] = {
+      (read[kExpansion[6 * kBox + kInputs] - 1] ^
+       (kTurns[kInputs] ? masks.turned : masks.plain)[kStart[kInputs]])...};
   ((signal[6 + kGates] = GateValue<kCircuit.gate[kGates].op>(signal[kCircuit.gate[kGates].a],
                                                              signal[kCircuit.gate[kGates].b])),
    ...);
@@ -87,10 +112,10 @@ template <std::size_t kBox, class V, std::size_t... kGates>
   KeepApart();
 }
 
-template <class V, std::size_t... kBoxes>
-[[gnu::always_inline]] inline void RunRound(const V* read, V* written, const std::uint64_t* masks,
-                                            const Byte* choice, std::index_sequence<kBoxes...>) {
-  (RunSbox<kBoxes>(read, written, masks, choice,
+template <class V, class Mask, std::size_t... kBoxes>
+[[gnu::always_inline]] inline void RunRound(const V* read, V* written, RoundMasks<Mask> masks,
+                                            std::index_sequence<kBoxes...>) {
+  (RunSbox<kBoxes>(read, written, masks, std::make_index_sequence<6>(),
                    std::make_index_sequence<kSboxCircuits[kBoxes].gates>()),
    ...);
 }
@@ -124,15 +149,17 @@ template <class Vector>
 class BitSlices {
  public:
   using V = typename Vector::Type;
+  using Mask = typename Vector::Mask;
   static constexpr std::size_t kBatch = 8 * sizeof(V);
 
   explicit BitSlices(const PassList& passes) : passes_(passes) {
     for (int p = 0; p < passes.count; ++p) {
-      for (std::size_t bit = 0; bit < 64; ++bit) {
+      for (std::size_t i = 0; i < kMasks; ++i) {
+        const std::size_t bit = kSliceTables.register_bit[i];
         const std::uint64_t set = (std::uint64_t{passes.pass[p].key[bit / 8]} >> (7 - bit % 8)) & 1;
-        const std::uint64_t mask = 0 - set;
-        masks_[p][bit] = mask;
-        masks_[p][64 + bit] = ~mask;
+        const Mask mask = Mask{} ^ (0 - set);
+        masks_[p][i] = mask;
+        masks_[p][kMasks + i] = ~mask;
       }
     }
   }
@@ -200,16 +227,22 @@ class BitSlices {
   [[gnu::noinline]] void RunPass(int p) {
     V* const left = half_ + (p % 2 == 0 ? 0 : 32);
     V* const right = half_ + (p % 2 == 0 ? 32 : 0);
-    const auto& choice = kSliceTables.mask[passes_.pass[p].encipher ? 0 : 1];
     constexpr auto kBoxes = std::make_index_sequence<8>();
     for (std::size_t r = 0; r < 16; r += 2) {
-      RunRound(right, left, masks_[p], choice[r], kBoxes);
-      RunRound(left, right, masks_[p], choice[r + 1], kBoxes);
+      RunRound(right, left, MasksOf(p, r), kBoxes);
+      RunRound(left, right, MasksOf(p, r + 1), kBoxes);
     }
   }
 
+  // Round r (from 0) reads a half that has been updated (r + 1) / 2 times.
+  RoundMasks<Mask> MasksOf(int p, std::size_t r) const {
+    const std::size_t order = passes_.pass[p].encipher ? r : 15 - r;
+    const Mask* const plain = masks_[p] + kSliceTables.rotation[order];
+    return {plain, plain + ((r + 1) / 2 % 2 == 1 ? kMasks : 0)};
+  }
+
   const PassList& passes_;
-  std::uint64_t masks_[kMostPasses][128];
+  Mask masks_[kMostPasses][2 * kMasks];  // the second half complemented
   V half_[64];
 };
 

@@ -11,6 +11,7 @@ namespace {
 using Bits256 [[gnu::vector_size(32)]] = std::uint64_t;
 
 struct Vector256 : UnpackBytes<Vector256, Bits256> {
+  using Mask = std::uint64_t;
   static Bits256 Low(Bits256 a, Bits256 b) {
     return reinterpret_cast<Bits256>(
         _mm256_unpacklo_epi8(reinterpret_cast<__m256i>(a), reinterpret_cast<__m256i>(b)));

@@ -7,6 +7,7 @@ namespace {
 
 struct Vector64 {
   using Type = std::uint64_t;
+  using Mask = std::uint64_t;
 
   // Mirrors the 8 x 8 square of bytes that eight words are: its own inverse.
   static void GatherBytes(Type (&v)[8]) {

@@ -95,11 +95,12 @@ class ByteSlices {
       WipeLocal(&keys_[p], sizeof keys_[p]);
   }
 
-  // Up to kBatch blocks.
+  // 1 to kBatch blocks.
   [[gnu::always_inline]] void Cipher(const Byte* source, Byte* result, std::size_t blocks) const {
+    const std::uint64_t present = ~std::uint64_t{0} >> (64 - blocks);  // a bit for each
     V octets[8];
     for (std::size_t i = 0; i < 8; ++i) {
-      const V in = Vector::LoadBlocks(source, i, blocks);
+      const V in = Vector::LoadBlocks(source, i, present);
       octets[i] = Vector::Product(Vector::Repeat64(kByteTables.planes), in);
     }
     Vector::GatherBytes(octets);
@@ -114,7 +115,7 @@ class ByteSlices {
     Vector::ScatterBytes(octets);
     for (std::size_t i = 0; i < 8; ++i) {
       const V out = Vector::Product(Vector::Repeat64(kByteTables.back), octets[i]);
-      Vector::StoreBlocks(result, i, blocks, out);
+      Vector::StoreBlocks(result, i, present, out);
     }
   }
 

@@ -10,12 +10,12 @@ struct ByteVector256 : UnpackBytes<ByteVector256, __m256i> {
   static __m256i Low(__m256i a, __m256i b) { return _mm256_unpacklo_epi8(a, b); }
   static __m256i High(__m256i a, __m256i b) { return _mm256_unpackhi_epi8(a, b); }
 
-  // Blocks 4 * i to 4 * i + 3, zeros behind the last one.
-  static __m256i LoadBlocks(const Byte* source, std::size_t i, std::size_t blocks) {
-    return _mm256_maskz_loadu_epi64(Present(i, blocks), source + sizeof(__m256i) * i);
+  // Blocks 4 * i to 4 * i + 3, those that are present; zeros for the others.
+  static __m256i LoadBlocks(const Byte* source, std::size_t i, std::uint64_t present) {
+    return _mm256_maskz_loadu_epi64(Part(i, present), source + sizeof(__m256i) * i);
   }
-  static void StoreBlocks(Byte* result, std::size_t i, std::size_t blocks, __m256i v) {
-    _mm256_mask_storeu_epi64(result + sizeof(__m256i) * i, Present(i, blocks), v);
+  static void StoreBlocks(Byte* result, std::size_t i, std::uint64_t present, __m256i v) {
+    _mm256_mask_storeu_epi64(result + sizeof(__m256i) * i, Part(i, present), v);
   }
 
   static __m256i Repeat8(unsigned byte) { return _mm256_set1_epi8(static_cast<char>(byte)); }
@@ -40,9 +40,8 @@ struct ByteVector256 : UnpackBytes<ByteVector256, __m256i> {
   }
 
  private:
-  static __mmask8 Present(std::size_t i, std::size_t blocks) {
-    const std::size_t left = blocks > 4 * i ? blocks - 4 * i : 0;
-    return static_cast<__mmask8>(left >= 4 ? 15 : (1u << left) - 1);
+  static __mmask8 Part(std::size_t i, std::uint64_t present) {
+    return static_cast<__mmask8>(present >> (4 * i) & 15);
   }
 };
 

@@ -10,12 +10,12 @@ struct ByteVector512 : UnpackBytes<ByteVector512, __m512i> {
   static __m512i Low(__m512i a, __m512i b) { return _mm512_unpacklo_epi8(a, b); }
   static __m512i High(__m512i a, __m512i b) { return _mm512_unpackhi_epi8(a, b); }
 
-  // Blocks 8 * i to 8 * i + 7, zeros behind the last one.
-  static __m512i LoadBlocks(const Byte* source, std::size_t i, std::size_t blocks) {
-    return _mm512_maskz_loadu_epi64(Present(i, blocks), source + sizeof(__m512i) * i);
+  // Blocks 8 * i to 8 * i + 7, those that are present; zeros for the others.
+  static __m512i LoadBlocks(const Byte* source, std::size_t i, std::uint64_t present) {
+    return _mm512_maskz_loadu_epi64(Part(i, present), source + sizeof(__m512i) * i);
   }
-  static void StoreBlocks(Byte* result, std::size_t i, std::size_t blocks, __m512i v) {
-    _mm512_mask_storeu_epi64(result + sizeof(__m512i) * i, Present(i, blocks), v);
+  static void StoreBlocks(Byte* result, std::size_t i, std::uint64_t present, __m512i v) {
+    _mm512_mask_storeu_epi64(result + sizeof(__m512i) * i, Part(i, present), v);
   }
 
   static __m512i Repeat8(unsigned byte) { return _mm512_set1_epi8(static_cast<char>(byte)); }
@@ -38,9 +38,8 @@ struct ByteVector512 : UnpackBytes<ByteVector512, __m512i> {
   }
 
  private:
-  static __mmask8 Present(std::size_t i, std::size_t blocks) {
-    const std::size_t left = blocks > 8 * i ? blocks - 8 * i : 0;
-    return static_cast<__mmask8>(left >= 8 ? 255 : (1u << left) - 1);
+  static __mmask8 Part(std::size_t i, std::uint64_t present) {
+    return static_cast<__mmask8>(present >> (8 * i));
   }
 };
 

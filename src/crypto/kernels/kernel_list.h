@@ -16,6 +16,7 @@ extern const Kernel kBits64Kernel;
 extern const Kernel kTableAvx2Kernel;
 extern const Kernel kTableGfniKernel;
 extern const Kernel kBits128Kernel;
+extern const Kernel kBits128Avx2Kernel;
 extern const Kernel kBits256Kernel;
 extern const Kernel kBytes256Kernel;
 extern const Kernel kBytes512Kernel;

@@ -18,7 +18,8 @@ bool HasByteLookUp() {
 // Where one kernel overtakes another was measured: bench/run.sh.
 constexpr KernelStep kAvx512[] = {
     {1, &kTableGfniKernel}, {5, &kBytes256Kernel}, {33, &kBytes512Kernel}};
-constexpr KernelStep kAvx2[] = {{1, &kTableAvx2Kernel}, {38, &kBits256Kernel}};
+constexpr KernelStep kAvx2[] = {
+    {1, &kTableAvx2Kernel}, {34, &kBits128Avx2Kernel}, {129, &kBits256Kernel}};
 constexpr KernelStep kSse2[] = {{1, &kTableKernel}, {35, &kBits128Kernel}};
 constexpr KernelStep kPortable[] = {{1, &kTableKernel}, {40, &kBits64Kernel}};
 
@@ -27,6 +28,7 @@ constexpr KernelStep kBytes512[] = {{1, &kBytes512Kernel}};
 constexpr KernelStep kBytes256[] = {{1, &kBytes256Kernel}};
 constexpr KernelStep kBits256[] = {{1, &kBits256Kernel}};
 constexpr KernelStep kBits128[] = {{1, &kBits128Kernel}};
+constexpr KernelStep kBits128Avx2[] = {{1, &kBits128Avx2Kernel}};
 constexpr KernelStep kBits64[] = {{1, &kBits64Kernel}};
 constexpr KernelStep kTableGfni[] = {{1, &kTableGfniKernel}};
 constexpr KernelStep kTableAvx2[] = {{1, &kTableAvx2Kernel}};
@@ -41,6 +43,7 @@ constexpr KernelSet kSets[] = {
     {"bytes256", HasByteLookUp, kBytes256, &kTableKernel},
     {"bits256", HasAvx2, kBits256, &kTableKernel},
     {"bits128", HasSse2, kBits128, &kTableKernel},
+    {"bits128-avx2", HasAvx2, kBits128Avx2, &kTableKernel},
     {"bits64", Always, kBits64, &kTableKernel},
     {"table-gfni", HasGfni, kTableGfni, &kTableGfniKernel},
     {"table-avx2", HasAvx2, kTableAvx2, &kTableAvx2Kernel},
