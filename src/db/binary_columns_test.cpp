@@ -160,6 +160,19 @@ TEST_F(BinaryColumnsTest, Column_with_less_than_it_says_gives_what_was_filled) {
   EXPECT_EQ(component_.object.ColumnToArray(field_), Variant(ByteArray(expected, 1)));
 }
 
+TEST_F(BinaryColumnsTest, Chunks_that_are_null_or_no_bytes_end_the_reading) {
+  database_->content = Pattern(5120);
+  database_->actual_size = 6000;
+  std::vector<Byte> expected = Pattern(5120);
+  expected.resize(6000);
+  EXPECT_EQ(component_.object.ColumnToArray(field_), Variant(ByteArray(expected, 1)));
+  database_->gives_text = true;
+  field_ = database_->MakeField();
+  EXPECT_EQ(component_.object.ColumnToArray(field_),
+            Variant(ByteArray(std::vector<Byte>(6000), 1)));
+  EXPECT_FALSE(component_.object.ColumnToFile(field_, file_));
+}
+
 TEST_F(BinaryColumnsTest, File_goes_to_the_column_in_chunks_after_a_null_value) {
   for (const SizeCase& test : kSizes) {
     SCOPED_TRACE(test.size);

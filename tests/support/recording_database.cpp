@@ -57,6 +57,7 @@ class RecordingField final : public Field {
     const std::span<const Byte> all = database_->content;
     const std::size_t count = std::min(all.size() - taken_, static_cast<std::size_t>(size));
     if (count == 0) return NullValue{};
+    if (database_->gives_text) return "text";
     const auto piece = all.subspan(taken_, count);
     taken_ += count;
     return ByteArray(std::vector<Byte>(piece.begin(), piece.end()));

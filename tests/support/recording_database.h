@@ -40,6 +40,7 @@ class RecordingDatabase final : public DatabaseObjects,
   std::vector<Byte> content;
   // What ActualSize says where it is not the size of the content.
   std::optional<Long> actual_size;
+  bool gives_text = false;  // as chunks of the content
 
  private:
   std::map<std::string, Raised, std::less<>> failures_;
