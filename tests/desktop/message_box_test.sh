@@ -7,53 +7,27 @@
 # Leaves a screenshot of each box in FOLDER. Exits with 77, telling why, where a needed tool is
 # missing (Debian: xvfb xdotool x11-utils imagemagick; zenity and kdialog are tested if installed).
 set -u
+# shellcheck source=tests/desktop/display.sh
+. "$(dirname "$0")/display.sh"
 
 show=$1
 shots=$2
 title='Box title'
 # A text with everything that a program could take for an option, an escape or markup.
 text=$'-Overwrite "C:\\new\\table.txt" <b>&amp; caf\xC3\xA9 \xE4\xB8\xAD\xE6\x96\x87?\nSecond line'
-failures=0
-checks=0
 
-for tool in Xvfb xdotool xmessage import; do
-  if ! command -v "$tool" >/dev/null; then
-    echo "skipped: $tool is not installed"
-    exit 77
-  fi
-done
+need_tools Xvfb xdotool xmessage import
 
 mkdir -p "$shots"
 work=$(mktemp -d)
 cleanup() {
-  [ -n "${server:-}" ] && kill "$server" 2>/dev/null && wait "$server" 2>/dev/null
+  stop_display
   rm -rf "$work"
 }
 trap cleanup EXIT
 
-# The server chooses a free display number and tells it when it is ready.
-Xvfb -screen 0 640x400x24 -nolisten tcp -displayfd 3 3>"$work/display" 2>/dev/null &
-server=$!
-for _ in $(seq 100); do
-  [ -s "$work/display" ] && break
-  sleep 0.1
-done
-if [ ! -s "$work/display" ]; then
-  echo 'skipped: Xvfb does not start here'
-  exit 77
-fi
-DISPLAY=:$(cat "$work/display")
-export DISPLAY
-
-check() {  # check WHAT EXPECTED ACTUAL
-  checks=$((checks + 1))
-  if [ "$2" = "$3" ]; then
-    echo "ok: $1"
-  else
-    echo "FAILED: $1: expected '$2', got '$3'"
-    failures=$((failures + 1))
-  fi
-}
+start_display "$work"
+export DISPLAY=$display
 
 # box PROGRAM STYLE: shows a box with no other dialog program on the PATH and no locale at all.
 box() {

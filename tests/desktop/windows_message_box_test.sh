@@ -7,20 +7,15 @@
 # Leaves a screenshot of each box in BUILD_FOLDER/desktop. Exits with 77, telling why, where a needed
 # tool is missing (Debian: xvfb xdotool imagemagick, and Wine).
 set -u
+# shellcheck source=tests/desktop/display.sh
+. "$(dirname "$0")/display.sh"
 
 arch=$1
 build=$2
 root=$(cd "$(dirname "$0")/../.." && pwd)
 shots=$build/desktop
-failures=0
-checks=0
 
-for tool in Xvfb xdotool import; do
-  if ! command -v "$tool" >/dev/null; then
-    echo "skipped: $tool is not installed"
-    exit 77
-  fi
-done
+need_tools Xvfb xdotool import
 
 # Inside the tree, which is all that 32-bit Wine may see.
 mkdir -p "$shots" "$build/desktop-work"
@@ -30,22 +25,12 @@ driver='HKCU\Software\Wine\X11 Driver'
 cleanup() {
   wine reg delete "$driver" /v Managed /f >/dev/null 2>&1
   wine --end >/dev/null 2>&1  # the desktop goes with its display
-  [ -n "${server:-}" ] && kill "$server" 2>/dev/null && wait "$server" 2>/dev/null
+  stop_display
   rm -rf "$work"
 }
 trap cleanup EXIT
 
-# The server chooses a free display number and tells it when it is ready.
-Xvfb -screen 0 640x400x24 -nolisten tcp -displayfd 3 3>"$work/display" 2>/dev/null &
-server=$!
-for _ in $(seq 100); do
-  [ -s "$work/display" ] && break
-  sleep 0.1
-done
-if [ ! -s "$work/display" ]; then
-  echo 'skipped: Xvfb does not start here'
-  exit 77
-fi
+start_display "$work"
 
 # Without a window manager, Wine draws titles only where it is told that there is none.
 unset DISPLAY
@@ -55,19 +40,8 @@ if [ $status -ne 0 ]; then
   tail -n 1 "$work/wine"
   exit $status
 fi
-display=:$(cat "$work/display")
 # A desktop that some program made without a display would stay without one.
 wine --end >/dev/null 2>&1
-
-check() {  # check WHAT EXPECTED ACTUAL
-  checks=$((checks + 1))
-  if [ "$2" = "$3" ]; then
-    echo "ok: $1"
-  else
-    echo "FAILED: $1: expected '$2', got '$3'"
-    failures=$((failures + 1))
-  fi
-}
 
 # call ARGUMENT...: the tool, in the background.
 call() {
