@@ -82,14 +82,27 @@ int ShowWithoutDesktop(std::u16string_view text, std::u16string_view title, int 
 int Ask() { return ShowWithoutDesktop(u"Really?", u"Title", kBoxYesNoQuestionDefaultNo); }
 int ShowOk() { return ShowWithoutDesktop(u"Done.", u"Title", kBoxOkExclamation); }
 
-TEST(TerminalBox, asks_with_title_text_and_choices) {
+class TerminalBox : public testing::Test {
+ protected:
+  void SetUp() override {
+    int terminal = -1;
+    int other_end = -1;
+    if (openpty(&terminal, &other_end, nullptr, nullptr, nullptr) != 0) {
+      GTEST_SKIP() << "the system gives no terminal";
+    }
+    close(terminal);
+    close(other_end);
+  }
+};
+
+TEST_F(TerminalBox, asks_with_title_text_and_choices) {
   TerminalSession session(Ask);
   EXPECT_EQ(session.ReadUntil("[y/N] "), "\r\nTitle\r\nReally? [y/N] ");
   session.Type("y\n");
   EXPECT_EQ(session.Status(), kBoxAnswerYes);
 }
 
-TEST(TerminalBox, takes_only_yes_for_yes) {
+TEST_F(TerminalBox, takes_only_yes_for_yes) {
   struct Answer {
     const char* typed;
     int expected;
@@ -107,14 +120,14 @@ TEST(TerminalBox, takes_only_yes_for_yes) {
   }
 }
 
-TEST(TerminalBox, an_ok_box_waits_for_a_line) {
+TEST_F(TerminalBox, an_ok_box_waits_for_a_line) {
   TerminalSession session(ShowOk);
   EXPECT_EQ(session.ReadUntil("continue. "), "\r\nTitle\r\nDone.\r\nPress Enter to continue. ");
   session.Type("n\n");
   EXPECT_EQ(session.Status(), kBoxAnswerOk);
 }
 
-TEST(TerminalBox, a_line_may_end_in_carriage_return) {
+TEST_F(TerminalBox, a_line_may_end_in_carriage_return) {
   TerminalSession session([] {
     termios mode{};
     tcgetattr(STDIN_FILENO, &mode);
@@ -127,7 +140,7 @@ TEST(TerminalBox, a_line_may_end_in_carriage_return) {
   EXPECT_EQ(session.Status(), kBoxAnswerYes);
 }
 
-TEST(TerminalBox, a_terminal_that_goes_away_answers_no) {
+TEST_F(TerminalBox, a_terminal_that_goes_away_answers_no) {
   TerminalSession session([] {
     signal(SIGHUP, SIG_IGN);
     return Ask();
@@ -137,7 +150,7 @@ TEST(TerminalBox, a_terminal_that_goes_away_answers_no) {
   EXPECT_EQ(session.Status(), kBoxAnswerNo);
 }
 
-TEST(TerminalBox, waits_through_signals_that_the_host_handles) {
+TEST_F(TerminalBox, waits_through_signals_that_the_host_handles) {
   TerminalSession session([] {
     struct sigaction action {};
     action.sa_handler = [](int) {};
@@ -150,7 +163,7 @@ TEST(TerminalBox, waits_through_signals_that_the_host_handles) {
   EXPECT_EQ(session.Status(), kBoxAnswerYes);
 }
 
-TEST(TerminalBox, asks_nobody_when_input_is_no_terminal) {
+TEST_F(TerminalBox, asks_nobody_when_input_is_no_terminal) {
   TerminalSession session([] {
     close(STDIN_FILENO);
     if (open("/dev/null", O_RDONLY) != STDIN_FILENO) return 1;
@@ -160,7 +173,7 @@ TEST(TerminalBox, asks_nobody_when_input_is_no_terminal) {
   EXPECT_EQ(session.Status(), 0);
 }
 
-TEST(TerminalBox, asks_nobody_when_there_is_no_terminal) {
+TEST_F(TerminalBox, asks_nobody_when_there_is_no_terminal) {
   TerminalSession session([] {
     // A session of its own has no controlling terminal; standard input still is one.
     const pid_t child = fork();
@@ -176,7 +189,7 @@ TEST(TerminalBox, asks_nobody_when_there_is_no_terminal) {
   EXPECT_EQ(session.Status(), 0);
 }
 
-TEST(TerminalBox, a_process_in_the_background_asks_nobody_and_is_not_stopped) {
+TEST_F(TerminalBox, a_process_in_the_background_asks_nobody_and_is_not_stopped) {
   TerminalSession session([] {
     const pid_t child = fork();
     if (child == 0) {
@@ -191,7 +204,7 @@ TEST(TerminalBox, a_process_in_the_background_asks_nobody_and_is_not_stopped) {
   EXPECT_EQ(session.Status(), 0);
 }
 
-TEST(TerminalBox, is_the_way_when_no_dialog_program_works) {
+TEST_F(TerminalBox, is_the_way_when_no_dialog_program_works) {
   TerminalSession session([] {
     const Environment nothing_there = {"DISPLAY=:0", "PATH=/nonexistent"};
     return DesktopMessageBoxes(nothing_there).Show(u"Q", u"T", kBoxYesNoQuestionDefaultNo);
@@ -201,7 +214,7 @@ TEST(TerminalBox, is_the_way_when_no_dialog_program_works) {
   EXPECT_EQ(session.Status(), kBoxAnswerYes);
 }
 
-TEST(TerminalBox, standard_output_stays_clean) {
+TEST_F(TerminalBox, standard_output_stays_clean) {
   TerminalSession session([] {
     int pipe_ends[2];
     if (pipe(pipe_ends) != 0) return 1;
