@@ -13,7 +13,8 @@ namespace vandpublic::ado {
 std::string Damaged(const std::string& content, std::mt19937& random);
 
 // Runs the action. It may end in an AutomationError; any other exception fails the test, and so
-// does an action that takes longer than a second of the processor's time.
+// does an action that takes longer than a second of the processor's time, or than five in a slow
+// build.
 void ExpectOrderlyEnd(const std::string& what, const std::function<void()>& action);
 
 }  // namespace vandpublic::ado

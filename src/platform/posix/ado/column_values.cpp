@@ -2,6 +2,7 @@
 #include "platform/posix/ado/column_values.h"
 
 #include <cmath>
+#include <limits>
 #include <string>
 
 #include "platform/posix/ado/ado_errors.h"
@@ -60,7 +61,7 @@ Variant Convert(DataType type, const Variant& value) {
     case DataType::Integer:
       return ToLong(value);
     case DataType::Single:
-      return static_cast<float>(ToDouble(value));
+      return ToSingle(value);
     case DataType::Double:
       return ToDouble(value);
     case DataType::Currency:
@@ -99,6 +100,12 @@ bool IsWideText(DataType type) noexcept {
 bool IsText(DataType type) noexcept {
   return IsWideText(type) || type == DataType::Char || type == DataType::VarChar ||
          type == DataType::LongVarChar;
+}
+
+float ToSingle(const Variant& value) {
+  const double number = ToDouble(value);
+  if (std::fabs(number) > std::numeric_limits<float>::max()) RaiseFault(FaultNumber::Overflow);
+  return static_cast<float>(number);
 }
 
 Variant ToColumnValue(const Column& column, const Variant& value) {

@@ -11,6 +11,9 @@ bool IsText(DataType type) noexcept;
 // Text whose size is counted in 16-bit units rather than in characters.
 bool IsWideText(DataType type) noexcept;
 
+// A value as a Single; faults of the conversion, 6 for what is past its range.
+float ToSingle(const Variant& value);
+
 // The value as the type of variant that the column holds; the null value stays. Error 3421 where
 // it does not fit. Whether a text is too long is left to the source.
 Variant ToColumnValue(const Column& column, const Variant& value);

@@ -90,6 +90,9 @@ constexpr FoldRange kFoldRanges[] = {
 
 constexpr char16_t kFirstBeyondAscii = 0x80;
 
+// Folded to the small sharp s, which is itself in capitals: Unicode has it so, and Windows too.
+constexpr char16_t kCapitalSharpS = 0x1E9E;
+
 }  // namespace
 
 char16_t FoldCase(char16_t unit) noexcept {
@@ -121,7 +124,7 @@ char16_t UpperCase(char16_t unit) noexcept {
   for (const FoldRange& range : kFoldRanges) {
     const std::int32_t capital = unit - range.difference;
     if (capital < range.first || capital > range.last ||
-        (capital - range.first) % range.step != 0) {
+        (capital - range.first) % range.step != 0 || capital == kCapitalSharpS) {
       continue;
     }
     if (nearest == 0 || std::abs(range.difference) < std::abs(nearest)) nearest = range.difference;

@@ -112,11 +112,13 @@ std::optional<std::int64_t> DayOf(const std::vector<Part>& parts) {
   const Part& a = parts[0];
   const Part& b = parts[1];
   const Part& c = parts[2];
-  if (a.kind == Part::Month) return DayNumber(FullYear(c), a.number, b.number);
-  if (b.kind == Part::Month) return DayNumber(FullYear(c), b.number, a.number);
-  if (a.kind != Part::Number || b.kind != Part::Number || c.kind != Part::Number) {
-    return std::nullopt;
+  if (c.kind != Part::Number) return std::nullopt;
+  if (a.kind == Part::Month && b.kind == Part::Number) {
+    return DayNumber(FullYear(c), a.number, b.number);
   }
+  if (a.kind != Part::Number) return std::nullopt;
+  if (b.kind == Part::Month) return DayNumber(FullYear(c), b.number, a.number);
+  if (b.kind != Part::Number) return std::nullopt;
   if (a.digits > 2) return DayNumber(a.number, b.number, c.number);
   const auto month_first = DayNumber(FullYear(c), a.number, b.number);
   // A date that only makes sense with the day first is taken so, as the original does.

@@ -5,7 +5,6 @@
 #include <charconv>
 #include <chrono>
 #include <optional>
-#include <stdexcept>
 #include <utility>
 
 #include "platform/posix/ado/ado_errors.h"
@@ -22,10 +21,6 @@
 
 namespace vandpublic::ado {
 namespace {
-
-std::string_view SourceOf(Dialect dialect) {
-  return dialect == Dialect::Jet ? kJetSource : kOdbcSource;
-}
 
 [[noreturn]] void RaiseNoTable(Dialect dialect, const std::string& name) {
   if (dialect == Dialect::Jet) {
@@ -199,10 +194,12 @@ class Run {
     const auto& base = bases_[static_cast<std::size_t>(index)];
     if (!base) return plain;
     const DataType type = result_.columns[static_cast<std::size_t>(index)].type;
+    if (MayBeRounded(type) && locator != 0 && !plain.IsNull()) return ExactValue(*base, locator);
+    return Typed(plain, type);
+  }
+
+  Variant Typed(const Variant& plain, DataType type) {
     try {
-      if (MayBeRounded(type) && locator != 0 && !plain.IsNull()) {
-        return ExactValue(*base, locator);
-      }
       return AsType(plain, type);
     } catch (const RuntimeFault& fault) {
       RaiseConversion(fault);
@@ -240,9 +237,7 @@ class Run {
       column.type = DataType::LongVarBinary;
       column.is_long = true;
       column.defined_size = INT32_MAX;
-      return;
-    }
-    if (!any_text && (any_number || any_fraction)) {
+    } else if (!any_text && (any_number || any_fraction)) {
       column.type = any_fraction ? DataType::Double : DataType::Integer;
       column.defined_size = any_fraction ? 8 : 4;
     } else {
@@ -250,7 +245,7 @@ class Run {
       column.defined_size = 255;
     }
     for (Row& row : result_.rows)
-      row.values[index] = AsType(row.values[index], column.type);
+      row.values[index] = Typed(row.values[index], column.type);
   }
 
   void AddWriter() {

@@ -10,6 +10,8 @@
 #include "platform/posix/ado/dates.h"
 #include "platform/posix/ado/sql/case_folding.h"
 #include "platform/posix/ado/sql/date_literal.h"
+#include "platform/posix/ado/sql/number_texts.h"
+#include "platform/posix/ado/sql/sqlite_values.h"
 #include "runtime/coerce.h"
 #include "runtime/errors.h"
 
@@ -87,10 +89,13 @@ Variant PositionIn(const std::u16string& text, const std::u16string& wanted, std
   return found == std::u16string::npos ? 0.0 : static_cast<double>(found + 1);
 }
 
+// Nothing is found in an empty text, not even nothing.
 Variant InStr(SqlArguments a, Dialect) {
   const std::size_t shift = a.size() > 2 ? 1 : 0;
   const std::size_t start = shift == 1 ? CountOf(a, 0, 1) - 1 : 0;
-  return PositionIn(FoldCase(TextOf(a, shift)), FoldCase(TextOf(a, shift + 1)), start);
+  const std::u16string text = TextOf(a, shift);
+  if (text.empty()) return 0.0;
+  return PositionIn(FoldCase(text), FoldCase(TextOf(a, shift + 1)), start);
 }
 
 Variant At(SqlArguments a, Dialect) { return PositionIn(TextOf(a, 1), TextOf(a, 0), 0); }
@@ -113,10 +118,6 @@ Variant Replace(SqlArguments a, Dialect) {
 Variant Space(SqlArguments a, Dialect) { return Text(Repeated(u" ", CountOf(a, 0))); }
 Variant Replicate(SqlArguments a, Dialect) { return Text(Repeated(TextOf(a, 0), CountOf(a, 1))); }
 
-Variant StringOf(SqlArguments a, Dialect) {
-  return Text(Repeated(TextOf(a, 1).substr(0, 1), CountOf(a, 0)));
-}
-
 Variant PadLeft(SqlArguments a, Dialect) {
   const std::u16string text = TextOf(a, 0);
   const std::size_t width = CountOf(a, 1);
@@ -131,11 +132,22 @@ Variant PadRight(SqlArguments a, Dialect) {
   return Text(text + Repeated(u" ", width - text.size()));
 }
 
+std::u16string CharacterOfCode(Long code) {
+  const std::string byte(1, static_cast<char>(code & 0xFF));
+  return SystemPlatform()->code_page->Decode(byte);
+}
+
 Variant CharacterOf(SqlArguments a, Dialect) {
   const Long code = ToLong(a[0]);
   if (code < 0 || code > 255) RaiseFault(FaultNumber::InvalidProcedureCall);
-  const std::string byte(1, static_cast<char>(code));
-  return Text(SystemPlatform()->code_page->Decode(byte));
+  return Text(CharacterOfCode(code));
+}
+
+// Of a text's first character, or of the one that a number is the code of.
+Variant StringOf(SqlArguments a, Dialect) {
+  const bool is_text = a[1].Get<String>() != nullptr;
+  const std::u16string piece = is_text ? TextOf(a, 1).substr(0, 1) : CharacterOfCode(ToLong(a[1]));
+  return Text(Repeated(piece, CountOf(a, 0)));
 }
 
 Variant CodeOf(SqlArguments a, Dialect) {
@@ -144,34 +156,44 @@ Variant CodeOf(SqlArguments a, Dialect) {
   return static_cast<double>(static_cast<unsigned char>(bytes[0]));
 }
 
-// The number at the beginning of a text, 0 where there is none.
-Variant Val(SqlArguments a, Dialect) {
-  const std::u16string text = Trimmed(TextOf(a, 0), true, true);
-  for (std::size_t length = text.size(); length > 0; --length) {
-    const auto number = ParseNumber(text.substr(0, length));
-    if (number) return *number;
+// The number at the beginning of a text, 0 where there is none. Jet passes over blanks wherever
+// they stand.
+Variant Val(SqlArguments a, Dialect dialect) {
+  std::u16string text = Trimmed(TextOf(a, 0), true, true);
+  if (dialect == Dialect::Jet) {
+    std::erase_if(text, [](char16_t c) { return c == u' ' || c == u'\t' || c == u'\n'; });
   }
-  return 0.0;
+  return LeadingNumber(text);
 }
 
-// Jet leaves a place for the sign; FoxPro rounds and pads to ten places.
+// Jet leaves a place for the sign, and a zero before the point out; FoxPro rounds and pads to ten
+// places.
 Variant Str(SqlArguments a, Dialect dialect) {
   if (dialect == Dialect::Jet) {
-    const std::u16string text = TextOf(a, 0);
-    return Text(text.starts_with(u'-') ? text : u" " + text);
+    std::u16string text = TextOf(std::array{Variant(NumberOf(a, 0))}, 0);
+    if (!text.starts_with(u'-')) text.insert(0, 1, u' ');
+    if (text.substr(1).starts_with(u"0.")) text.erase(1, 1);
+    return Text(std::move(text));
   }
   const std::size_t width = a.size() > 1 ? CountOf(a, 1) : 10;
-  const Long decimals = a.size() > 2 ? ToLong(a[2]) : 0;
-  const double scale = std::pow(10.0, decimals);
-  const std::u16string text =
-      TextOf(std::array{Variant(std::round(NumberOf(a, 0) * scale) / scale)}, 0);
-  if (text.size() > width) return Text(std::u16string(std::min(width, kLongestMadeText), u'*'));
-  return Text(Repeated(u" ", width - text.size()) + text);
+  const std::string text = FixedText(NumberOf(a, 0), width, a.size() > 2 ? CountOf(a, 2) : 0);
+  if (text.size() > width) return Text(std::u16string(width, u'*'));
+  return Text(Repeated(u" ", width - text.size()).append(text.begin(), text.end()));
 }
 
 Variant ToTextOf(SqlArguments a, Dialect) { return Text(TextOf(a, 0)); }
+Variant ToShortNumber(SqlArguments a, Dialect) { return static_cast<double>(ToInteger(a[0])); }
 Variant ToWholeNumber(SqlArguments a, Dialect) { return static_cast<double>(ToLong(a[0])); }
 Variant ToNumber(SqlArguments a, Dialect) { return NumberOf(a, 0); }
+
+Variant ToSingle(SqlArguments a, Dialect) {
+  return ToDouble(AsType(Variant(NumberOf(a, 0)), DataType::Single));
+}
+
+Variant ToAmount(SqlArguments a, Dialect) {
+  return ToDouble(AsType(Variant(NumberOf(a, 0)), DataType::Currency));
+}
+
 Variant ToTruth(SqlArguments a, Dialect) { return Truth(ToBoolean(a[0])); }
 Variant Abs(SqlArguments a, Dialect) { return std::abs(NumberOf(a, 0)); }
 Variant Floor(SqlArguments a, Dialect) { return std::floor(NumberOf(a, 0)); }
@@ -192,9 +214,11 @@ Variant SquareRoot(SqlArguments a, Dialect) {
   return std::sqrt(NumberOf(a, 0));
 }
 
-// Jet rounds halves to even, FoxPro away from zero.
+// Jet rounds halves to even, FoxPro away from zero, and before the point too.
 Variant Round(SqlArguments a, Dialect dialect) {
-  const double scale = std::pow(10.0, a.size() > 1 ? ToLong(a[1]) : 0);
+  const Long places = a.size() > 1 ? ToLong(a[1]) : 0;
+  if (places < 0 && dialect == Dialect::Jet) RaiseFault(FaultNumber::InvalidProcedureCall);
+  const double scale = std::pow(10.0, places);
   const double scaled = NumberOf(a, 0) * scale;
   const double rounded = dialect == Dialect::Jet ? std::nearbyint(scaled) : std::round(scaled);
   return std::isfinite(rounded / scale) ? rounded / scale : NumberOf(a, 0);
@@ -272,18 +296,28 @@ CivilTime SplitArgument(SqlArguments a) {
 }
 
 Variant ToDate(SqlArguments a, Dialect) { return DaysOf(a[0]); }
-Variant Year(SqlArguments a, Dialect) { return static_cast<double>(SplitArgument(a).year); }
-Variant Month(SqlArguments a, Dialect) { return static_cast<double>(SplitArgument(a).month); }
-Variant Day(SqlArguments a, Dialect) { return static_cast<double>(SplitArgument(a).day); }
-Variant Hour(SqlArguments a, Dialect) { return static_cast<double>(SplitArgument(a).hour); }
-Variant Minute(SqlArguments a, Dialect) { return static_cast<double>(SplitArgument(a).minute); }
-Variant Second(SqlArguments a, Dialect) { return static_cast<double>(SplitArgument(a).second); }
+
+// FoxPro's empty date stands for no day at all.
+bool IsEmptyDate(SqlArguments a, Dialect dialect) {
+  const double days = DaysOf(a[0]);
+  return dialect == Dialect::FoxPro && days >= 0 && days < 1;
+}
+
+template <auto Part>
+Variant DayPart(SqlArguments a, Dialect dialect) {
+  if (IsEmptyDate(a, dialect)) return 0.0;
+  return static_cast<double>(SplitArgument(a).*Part);
+}
+
+template <auto Part>
+Variant TimePart(SqlArguments a, Dialect) {
+  return static_cast<double>(SplitArgument(a).*Part);
+}
 
 // "20240305", eight blanks for the empty date.
-Variant DateDigits(SqlArguments a, Dialect) {
-  const double days = DaysOf(a[0]);
+Variant DateDigits(SqlArguments a, Dialect dialect) {
+  if (IsEmptyDate(a, dialect)) return Text(std::u16string(8, u' '));
   const CivilTime date = SplitArgument(a);
-  if (days >= 0 && days < 1) return Text(std::u16string(8, u' '));
   const unsigned number = (static_cast<unsigned>(date.year) * 100 + date.month) * 100 + date.day;
   const std::string digits = std::to_string(number);
   return String(std::string(8 - std::min<std::size_t>(digits.size(), 8), '0') + digits);
@@ -299,24 +333,24 @@ constexpr SqlFunction kFunctions[] = {
     {"AT", 2, 2, false, true, false, At},
     {"BETWEEN", 3, 3, false, true, false, Between},
     {"CBOOL", 1, 1, true, false, false, ToTruth},
-    {"CCUR", 1, 1, true, false, false, ToNumber},
+    {"CCUR", 1, 1, true, false, false, ToAmount},
     {"CDATE", 1, 1, true, false, false, ToDate},
     {"CDBL", 1, 1, true, false, false, ToNumber},
     {"CHR", 1, 1, true, true, false, CharacterOf},
-    {"CINT", 1, 1, true, false, false, ToWholeNumber},
+    {"CINT", 1, 1, true, false, false, ToShortNumber},
     {"CLNG", 1, 1, true, false, false, ToWholeNumber},
-    {"CSNG", 1, 1, true, false, false, ToNumber},
+    {"CSNG", 1, 1, true, false, false, ToSingle},
     {"CSTR", 1, 1, true, false, false, ToTextOf},
     {"CTOD", 1, 1, false, true, false, ToDate},
     {"CVDATE", 1, 1, true, false, false, ToDate},
     {"DATE", 0, 0, true, true, false, Today},
     {"DATETIME", 0, 0, false, true, false, Now},
-    {"DAY", 1, 1, true, true, false, Day},
+    {"DAY", 1, 1, true, true, false, DayPart<&CivilTime::day>},
     {"DTOS", 1, 1, false, true, false, DateDigits},
     {"EMPTY", 1, 1, false, true, true, Empty},
     {"FIX", 1, 1, true, false, false, Fix},
     {"FLOOR", 1, 1, false, true, false, Floor},
-    {"HOUR", 1, 1, true, true, false, Hour},
+    {"HOUR", 1, 1, true, true, false, TimePart<&CivilTime::hour>},
     {"IIF", 3, 3, true, true, true, Iif},
     {"INSTR", 2, 3, true, false, false, InStr},
     {"INT", 1, 1, true, true, false, Int},
@@ -328,8 +362,8 @@ constexpr SqlFunction kFunctions[] = {
     {"LOWER", 1, 1, false, true, false, Lower},
     {"LTRIM", 1, 1, true, true, false, LeftTrim},
     {"MID", 2, 3, true, false, false, Mid},
-    {"MINUTE", 1, 1, true, true, false, Minute},
-    {"MONTH", 1, 1, true, true, false, Month},
+    {"MINUTE", 1, 1, true, true, false, TimePart<&CivilTime::minute>},
+    {"MONTH", 1, 1, true, true, false, DayPart<&CivilTime::month>},
     {"NOW", 0, 0, true, false, false, Now},
     {"NVL", 2, 2, false, true, true, NullToOther},
     {"NZ", 1, 2, true, false, true, NullToOther},
@@ -340,8 +374,8 @@ constexpr SqlFunction kFunctions[] = {
     {"RIGHT", 2, 2, true, true, false, Right},
     {"ROUND", 1, 2, true, true, false, Round},
     {"RTRIM", 1, 1, true, true, false, RightTrim},
-    {"SEC", 1, 1, false, true, false, Second},
-    {"SECOND", 1, 1, true, false, false, Second},
+    {"SEC", 1, 1, false, true, false, TimePart<&CivilTime::second>},
+    {"SECOND", 1, 1, true, false, false, TimePart<&CivilTime::second>},
     {"SGN", 1, 1, true, false, false, Sign},
     {"SIGN", 1, 1, false, true, false, Sign},
     {"SPACE", 1, 1, true, true, false, Space},
@@ -356,7 +390,7 @@ constexpr SqlFunction kFunctions[] = {
     {"UCASE", 1, 1, true, false, false, Upper},
     {"UPPER", 1, 1, false, true, false, Upper},
     {"VAL", 1, 1, true, true, false, Val},
-    {"YEAR", 1, 1, true, true, false, Year},
+    {"YEAR", 1, 1, true, true, false, DayPart<&CivilTime::year>},
 };
 
 }  // namespace

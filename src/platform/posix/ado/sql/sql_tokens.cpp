@@ -165,16 +165,17 @@ class Cutter {
 
 }  // namespace
 
+std::string_view SourceOf(Dialect dialect) noexcept {
+  return dialect == Dialect::Jet ? kJetSource : kOdbcSource;
+}
+
 std::vector<Token> CutTokens(std::string_view statement, Dialect dialect) {
   return Cutter(statement, dialect).Cut();
 }
 
 void RaiseSyntaxError(Dialect dialect, std::string_view reason) {
-  const std::string because = reason.empty() ? "" : " (" + std::string(reason) + ")";
-  if (dialect == Dialect::Jet) {
-    Raise(SourceError::BadStatement, kJetSource, "Syntax error in query." + because);
-  }
-  Raise(SourceError::BadStatement, kOdbcSource, "Syntax error." + because);
+  const std::string text = dialect == Dialect::Jet ? "Syntax error in query." : "Syntax error.";
+  Raise(SourceError::BadStatement, SourceOf(dialect), text + " (" + std::string(reason) + ")");
 }
 
 }  // namespace vandpublic::ado

@@ -34,6 +34,9 @@ struct Token {
   bool IsName() const { return kind == TokenKind::Word || kind == TokenKind::Name; }
 };
 
+// The source that errors of the dialect's statements name.
+std::string_view SourceOf(Dialect dialect) noexcept;
+
 // Cuts a statement (UTF-8) up. A literal or name without its end is a bad statement, raised with
 // the dialect's number, source and text; any other character makes an operator of its own.
 std::vector<Token> CutTokens(std::string_view statement, Dialect dialect);

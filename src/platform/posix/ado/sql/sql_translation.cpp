@@ -101,11 +101,10 @@ class Translator {
       case TokenKind::Close:
         return ClosePiece();
       case TokenKind::Comma:
-        return ",";
       case TokenKind::Semicolon:
         break;
     }
-    return {};
+    return token.text;
   }
 
   std::string ClosePiece() {
@@ -134,7 +133,7 @@ class Translator {
     const bool qualified =
         i > 0 && (tokens_[i - 1].IsOperator(".") || tokens_[i - 1].IsOperator("!"));
     const bool called = IsKind(i + 1, TokenKind::Open);
-    if (!qualified && called && IsDialectFunction(dialect_, token.upper)) {
+    if (!qualified && called && NamesFunction(i)) {
       return SqliteFunctionName(token.upper);
     }
     if (qualified || (translation_.is_column(token.text) && !called && IsColumnHere(i))) {
@@ -149,6 +148,12 @@ class Translator {
       return ", " + translation_.extra_column + " FROM";
     }
     return token.text;
+  }
+
+  // "x Between (1) And (2)" calls no function, "Between(x, 1, 2)" does.
+  bool NamesFunction(std::size_t i) const {
+    if (!IsDialectFunction(dialect_, tokens_[i].upper)) return false;
+    return tokens_[i].upper != "BETWEEN" || BeginsOperand(tokens_[i - 1].IsWord("NOT") ? i - 1 : i);
   }
 
   bool IsColumnHere(std::size_t i) const {
@@ -276,17 +281,16 @@ class Translator {
   }
 
   std::size_t TermStart(std::size_t behind) const {
-    if (behind == 0) RaiseSyntaxError(dialect_, "missing operator");
     std::size_t i = behind - 1;
     if (tokens_[i].kind == TokenKind::Close) {
       int depth = 0;
       for (;; --i) {
         if (tokens_[i].kind == TokenKind::Close) ++depth;
+        // There is one: ClosePiece has counted them.
         if (tokens_[i].kind == TokenKind::Open && --depth == 0) break;
-        if (i == 0) RaiseSyntaxError(dialect_, "missing (");
       }
       const bool called = i > 0 && tokens_[i - 1].kind == TokenKind::Word &&
-                          !Contains(kReserved, tokens_[i - 1].upper);
+                          (NamesFunction(i - 1) || !Contains(kReserved, tokens_[i - 1].upper));
       return called ? i - 1 : i;
     }
     while (i >= 2 && tokens_[i].IsName() &&

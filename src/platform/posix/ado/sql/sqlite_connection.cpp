@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <array>
 #include <new>
-#include <stdexcept>
 #include <string_view>
 #include <vector>
 
+#include "platform/posix/ado/ado_errors.h"
 #include "platform/posix/ado/sql/case_folding.h"
 #include "platform/posix/ado/sql/like_match.h"
 #include "platform/posix/ado/sql/sql_functions.h"
@@ -119,8 +119,7 @@ int AuthorizeCall(void* data, int action, const char* first, const char* second,
                   const char* fourth) {
   if (action != SQLITE_FUNCTION) return Authorize(data, action, first, second, third, fourth);
   try {
-    return MayCall(*static_cast<EngineState*>(data), second == nullptr ? "" : second) ? SQLITE_OK
-                                                                                      : SQLITE_DENY;
+    return MayCall(*static_cast<EngineState*>(data), second) ? SQLITE_OK : SQLITE_DENY;
   } catch (const std::bad_alloc&) {
     return SQLITE_DENY;
   }
@@ -187,7 +186,8 @@ SqliteConnection::SqliteConnection(EngineState& state, const std::vector<std::st
                                            " USING file_table(" + std::to_string(i) + ")");
     const bool made = create != nullptr && Sqlite().step(create.get()) == SQLITE_DONE;
     if (state_.failure) std::rethrow_exception(state_.failure);
-    if (!made) throw std::runtime_error(Message());
+    // A name or a column list that SQLite does not take: "sqlite_x", more columns than it knows.
+    if (!made) Raise(SourceError::Failed, SourceOf(state_.dialect), Message());
   }
   if (state_.deadline) {
     Sqlite().progress_handler(database_.get(), kStepsBetweenLooks, IsOverdue, &state_);

@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/posix/ado/column_values.h"
 #include "runtime/coerce.h"
 #include "runtime/errors.h"
 #include "runtime/utf8.h"
@@ -116,7 +117,7 @@ Variant AsType(const Variant& plain, DataType type) {
     case DataType::UnsignedTinyInt:
       return ToByte(plain);
     case DataType::Single:
-      return static_cast<float>(ToDouble(plain));
+      return ToSingle(plain);
     case DataType::Double:
       return ToDouble(plain);
     case DataType::Currency:

@@ -3,8 +3,8 @@
 
 #include <charconv>
 #include <new>
-#include <stdexcept>
 
+#include "platform/posix/ado/ado_errors.h"
 #include "platform/posix/ado/sql/sqlite_values.h"
 
 namespace vandpublic::ado {
@@ -21,12 +21,7 @@ struct Cursor {
   sqlite3_vtab_cursor base{};
   std::unique_ptr<RowScan> scan;
   bool at_end = true;
-  bool single = false;  // one row was looked up by its locator
 };
-
-// Plans that BestIndex chooses between.
-constexpr int kScanAll = 0;
-constexpr int kLookUp = 1;
 
 Table& TableOf(sqlite3_vtab* base) { return *reinterpret_cast<Table*>(base); }
 Cursor& CursorOf(sqlite3_vtab_cursor* base) { return *reinterpret_cast<Cursor*>(base); }
@@ -84,19 +79,20 @@ std::string Declaration(const FileTable& table, std::size_t number, Dialect dial
   return text + ")";
 }
 
-int Connect(sqlite3* database, void* data, int count, const char* const* arguments,
-            sqlite3_vtab** result, char**) {
+// The argument behind the names of module, database and table is the table's number.
+int Connect(sqlite3* database, void* data, int, const char* const* arguments, sqlite3_vtab** result,
+            char**) {
   auto& state = *static_cast<EngineState*>(data);
   return Guarded(state, [&] {
     std::size_t number = 0;
-    const std::string_view text = count > 3 ? arguments[3] : "";
+    const std::string_view text = arguments[3];
     std::from_chars(text.data(), text.data() + text.size(), number);
     auto table = std::make_unique<Table>();
     table->state = &state;
     table->table = state.tables.at(number).get();
     const std::string declaration = Declaration(*table->table, number, state.dialect);
     if (Sqlite().declare_vtab(database, declaration.c_str()) != SQLITE_OK) {
-      throw std::runtime_error(Sqlite().errmsg(database));
+      Raise(SourceError::Failed, SourceOf(state.dialect), Sqlite().errmsg(database));
     }
     *result = &table.release()->base;
   });
@@ -107,24 +103,10 @@ int Disconnect(sqlite3_vtab* base) {
   return SQLITE_OK;
 }
 
+// Every row is looked at: the tables have no order that a condition could use.
 int BestIndex(sqlite3_vtab*, sqlite3_index_info* info) {
-  constexpr double kLookUpCost = 10;
   constexpr double kScanCost = 1e6;
-  info->idxNum = kScanAll;
   info->estimatedCost = kScanCost;
-  for (int i = 0; i < info->nConstraint; ++i) {
-    const auto& constraint = info->aConstraint[i];
-    if (constraint.iColumn != -1 || constraint.op != SQLITE_INDEX_CONSTRAINT_EQ ||
-        constraint.usable == 0) {
-      continue;
-    }
-    info->idxNum = kLookUp;
-    info->estimatedCost = kLookUpCost;
-    info->aConstraintUsage[i].argvIndex = 1;
-    info->aConstraintUsage[i].omit = 1;
-    info->idxFlags = SQLITE_INDEX_SCAN_UNIQUE;
-    break;
-  }
   return SQLITE_OK;
 }
 
@@ -144,23 +126,16 @@ int Close(sqlite3_vtab_cursor* base) {
 
 int Next(sqlite3_vtab_cursor* base) {
   Cursor& cursor = CursorOf(base);
-  return Guarded(*TableOf(base->pVtab).state,
-                 [&] { cursor.at_end = cursor.single || !cursor.scan->Next(); });
+  return Guarded(*TableOf(base->pVtab).state, [&] { cursor.at_end = !cursor.scan->Next(); });
 }
 
-int Filter(sqlite3_vtab_cursor* base, int plan, const char*, int count, sqlite3_value** arguments) {
+int Filter(sqlite3_vtab_cursor* base, int, const char*, int, sqlite3_value**) {
   Cursor& cursor = CursorOf(base);
   Table& table = TableOf(base->pVtab);
   return Guarded(*table.state, [&] {
     // A cursor is used anew for each row of an outer loop.
     cursor.scan = table.table->Scan();
-    cursor.single = plan == kLookUp && count == 1;
-    if (cursor.single) {
-      cursor.at_end = Sqlite().value_type(arguments[0]) == SQLITE_NULL ||
-                      !cursor.scan->Seek(Sqlite().value_int64(arguments[0]));
-    } else {
-      cursor.at_end = !cursor.scan->Next();
-    }
+    cursor.at_end = !cursor.scan->Next();
   });
 }
 
