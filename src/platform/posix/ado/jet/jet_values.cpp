@@ -37,6 +37,7 @@ std::string MemoContent(const JetFile& file, std::string_view cell) {
   // pieces.
   if (length > file.Size()) RaiseDamaged("the length of a memo");
   if ((marked_length & kInlineFlag) != 0) {
+    if (cell.size() - kMemoHeader < length) RaiseDamaged("the length of a memo");
     return std::string(cell.substr(kMemoHeader, length));
   }
   const bool single = (marked_length & kSinglePieceFlag) != 0;
