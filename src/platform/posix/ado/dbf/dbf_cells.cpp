@@ -76,7 +76,6 @@ double DecodeTimestamp(const DbfField& field, std::string_view cell) {
   if (Trimmed(cell).empty()) return 0;
   const std::int64_t day = static_cast<std::int32_t>(LittleEndian<std::uint32_t>(cell));
   const std::int64_t milliseconds = LittleEndian<std::uint32_t>(cell, 4);
-  if (day == 0 && milliseconds == 0) return 0;
   // A few programs store the last moment of a day as its full length.
   if (milliseconds > kMillisecondsOfDay) RaiseBadCell(field);
   const Date joined = JoinDayAndTime(day - kJulianDayZero, milliseconds);

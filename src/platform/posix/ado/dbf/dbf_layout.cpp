@@ -140,7 +140,10 @@ class LayoutReader {
     next_offset_ += field.size;
     if (!IsKnownType(field.type)) Fail("a field has an unknown type");
     const auto fixed_size = FixedSize(field.type, layout_.visual_foxpro);
-    if (field.size == 0 || (fixed_size && field.size != *fixed_size) ||
+    // The number of a memo's block is four bytes, or ten digits.
+    const bool bad_memo = std::string_view("MGPW").find(field.type) != std::string_view::npos &&
+                          field.size != 4 && field.size != 10;
+    if (field.size == 0 || (fixed_size && field.size != *fixed_size) || bad_memo ||
         next_offset_ > layout_.record_length) {
       Fail("a field has a wrong size");
     }
