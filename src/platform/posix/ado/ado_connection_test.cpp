@@ -129,6 +129,48 @@ TEST_F(AdoConnectionTest, Execute_gives_rows_or_tells_how_many_changed) {
   EXPECT_EQ(arguments[1], Variant(Long{2}));
 }
 
+TEST_F(AdoConnectionTest, Has_properties_that_do_no_more_than_stay) {
+  EXPECT_EQ(Get("Version"), Variant(u"2.8"));
+  connection_->Set("CursorLocation", Long{3});
+  EXPECT_EQ(Get("CursorLocation"), Variant(Long{3}));
+  EXPECT_EQ(RaisedBy([&] { connection_->Set("CursorLocation", "x"); }).number, kObjectBase + 3001);
+  EXPECT_EQ(RaisedBy([&] { connection_->Set("ConnectionString", ByteArray({1})); }).number,
+            kObjectBase + 3001);
+  connection_->Set("Provider", "Other");
+  EXPECT_EQ(Get("Provider"), Variant(u"Other"));
+}
+
+TEST_F(AdoConnectionTest, Settings_made_before_opening_are_used) {
+  connection_->Set("CommandTimeout", Long{7});
+  EXPECT_TRUE(table_.calls.empty());
+  connection_->Set("ConnectionTimeout", Long{9});
+  Call("Open", {Variant("Data Source=a;Connect Timeout=4")});
+  EXPECT_EQ(text_.Value("Connect Timeout"), "4");
+  EXPECT_THAT(table_.calls, ElementsAre("timeout 7"));
+}
+
+// A source that can do nothing that it need not.
+class PlainSession final : public Session {
+ public:
+  Result Execute(const std::string&, bool) override { return {}; }
+};
+
+TEST(PlainSource, Has_no_transactions) {
+  const auto connection =
+      std::make_shared<AdoConnection>([](const ConnectionString&) -> std::unique_ptr<Session> {
+        return std::make_unique<PlainSession>();
+      });
+  std::vector<Variant> none;
+  connection->Call("Open", none);
+  connection->Set("CommandTimeout", Long{5});
+  EXPECT_EQ(RaisedBy([&] { connection->Call("BeginTrans", none); }),
+            (Raised{kObjectBase + 3251, "ADODB.Connection",
+                    "Object or provider is not capable of performing requested operation."}));
+  PlainSession session;
+  EXPECT_EQ(RaisedBy([&] { session.Commit(); }).number, kObjectBase + 3251);
+  EXPECT_EQ(RaisedBy([&] { session.Rollback(); }).number, kObjectBase + 3251);
+}
+
 TEST_F(AdoConnectionTest, Names_it_does_not_have_are_faults) {
   const auto fault = [](FaultNumber number) { return PlainFault(number); };
   EXPECT_EQ(RaisedBy([&] { Get("Nothing"); }), fault(FaultNumber::NoSuchPropertyOrMethod));

@@ -44,9 +44,34 @@ TEST(Dates, May_be_a_day_or_a_time_alone) {
 }
 
 TEST(Dates, That_are_none_are_refused) {
-  for (const char* text : {"", "0000-00-00", "2023-02-29", "2024-13-01", "24:00:00", "12:60",
-                           "10000-01-01", "0099-12-31", "2024-02-29 ", "2024-02-29 12", "infinity",
-                           "2024/02/29", "2024-02-29 12:00:00.", "-1"}) {
+  for (const char* text : {"",
+                           "0000-00-00",
+                           "2023-02-29",
+                           "2024-13-01",
+                           "24:00:00",
+                           "12:60",
+                           "10000-01-01",
+                           "0099-12-31",
+                           "2024-02-29 ",
+                           "2024-02-29 12",
+                           "infinity",
+                           "2024/02/29",
+                           "2024-02-29 12:00:00.",
+                           "-1",
+                           "2024-",
+                           "2024-02",
+                           "2024-02-",
+                           "2024-00-01",
+                           "2024-01-00",
+                           "2024-02-29x12:00",
+                           "2024-02-29 12:",
+                           "2024-02-29 12:00:",
+                           "2024-02-29 12:00x",
+                           "2024-02-29 12:00:00.5x",
+                           "12:",
+                           "12:00:",
+                           "12:00:60",
+                           "12:00x"}) {
     EXPECT_FALSE(ParseDate(text)) << text;
   }
   for (const double days : {-657435.0, 2958466.0, 1e300, -1e300, std::nan("")})
@@ -57,6 +82,50 @@ TEST(Dates, Round_up_over_midnight) {
   const auto time = ToCivilTime(Date{0.9999999999999});
   ASSERT_TRUE(time);
   EXPECT_EQ(TimestampText(*time), "1899-12-31 00:00:00");
+}
+
+TEST(Dates, Have_no_more_than_nanoseconds) {
+  EXPECT_EQ(ParseDate("12:00:00.1234567899")->days, ParseDate("12:00:00.123456789")->days);
+  CivilTime time;
+  time.hour = 6;
+  time.nanosecond = 250'000'000;
+  EXPECT_EQ(TimeOnlyText(time), "06:00:00.25");
+}
+
+TEST(Times, That_are_none_have_no_milliseconds) {
+  EXPECT_EQ(MillisecondsOf(23, 59, 59), 86399000);
+  const int times[][3] = {{-1, 0, 0}, {24, 0, 0}, {0, -1, 0}, {0, 60, 0}, {0, 0, -1}, {0, 0, 60}};
+  for (const auto& [hour, minute, second] : times)
+    EXPECT_FALSE(MillisecondsOf(hour, minute, second)) << hour << ":" << minute << ":" << second;
+}
+
+struct SizeCase {
+  DataType type;
+  Variant value;
+  Long size;
+};
+
+TEST(ColumnValue, Has_the_size_that_its_type_counts_in) {
+  const SizeCase cases[] = {
+      {DataType::Char, "abc", 3},
+      {DataType::VarChar, "abc", 3},
+      {DataType::LongVarChar, "abc", 3},
+      {DataType::WChar, "abc", 6},
+      {DataType::VarWChar, "abc", 6},
+      {DataType::LongVarWChar, "abc", 6},
+      {DataType::Binary, ByteArray({1}), 1},
+      {DataType::VarBinary, ByteArray({1}), 1},
+      {DataType::Double, 0.5, 8},
+      {DataType::Double, NullValue{}, 0},
+      {DataType::Double, Variant(), 0},
+  };
+  for (const SizeCase& test : cases) {
+    const Column column{"", test.type, 8};
+    EXPECT_EQ(ActualSizeOf(column, test.value), test.size) << static_cast<Long>(test.type);
+    const bool text = test.value.Get<String>() != nullptr;
+    EXPECT_EQ(IsText(test.type), text) << static_cast<Long>(test.type);
+    EXPECT_EQ(IsBinary(test.type), test.value.AsByteArray() != nullptr);
+  }
 }
 
 struct ConversionCase {
@@ -72,6 +141,10 @@ TEST(ColumnValue, Has_the_type_of_its_column) {
       {DataType::Single, Long{3}, 3.0f},
       {DataType::Double, Currency{25000}, 2.5},
       {DataType::Currency, "1.25", Currency{12500}},
+      {DataType::Currency, Currency{7}, Currency{7}},
+      {DataType::Numeric, *Decimal::Parse("0.5"), *Decimal::Parse("0.5")},
+      {DataType::DBTime, "12:00", Date{0.5}},
+      {DataType::Date, Date{2}, Date{2}},
       {DataType::Boolean, Long{5}, true},
       {DataType::UnsignedTinyInt, Long{255}, Byte{255}},
       {DataType::BigInt, Long{-7}, *Decimal::Parse("-7")},
@@ -91,6 +164,8 @@ TEST(ColumnValue, Has_the_type_of_its_column) {
 TEST(ColumnValue, That_does_not_fit_is_the_wrong_type) {
   const std::pair<DataType, Variant> cases[] = {
       {DataType::SmallInt, Long{40000}},
+      {DataType::Single, 1e300},
+      {DataType::Single, "x"},
       {DataType::Integer, "x"},
       {DataType::Currency, 1e30},
       {DataType::Numeric, "1e5"},
