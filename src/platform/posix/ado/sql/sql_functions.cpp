@@ -4,12 +4,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 
 #include "platform/platform.h"
-#include "platform/posix/ado/dates.h"
 #include "platform/posix/ado/sql/case_folding.h"
-#include "platform/posix/ado/sql/date_literal.h"
+#include "platform/posix/ado/sql/date_functions.h"
 #include "platform/posix/ado/sql/number_texts.h"
 #include "platform/posix/ado/sql/sqlite_values.h"
 #include "runtime/coerce.h"
@@ -260,69 +258,6 @@ Variant Join(SqlArguments a, Dialect) {
   return Text(std::move(text));
 }
 
-double MillisecondsNow(const LocalTime& now) {
-  const auto milliseconds = MillisecondsOf(now.hour, now.minute, std::min(now.second, 59));
-  return static_cast<double>(milliseconds.value_or(0));
-}
-
-Variant Today(SqlArguments, Dialect) {
-  const LocalTime now = SystemPlatform()->clock->Now();
-  return static_cast<double>(DayNumber(now.year, now.month, now.day).value_or(0));
-}
-
-Variant TimeNow(SqlArguments, Dialect) {
-  return MillisecondsNow(SystemPlatform()->clock->Now()) / static_cast<double>(kMillisecondsOfDay);
-}
-
-Variant Now(SqlArguments, Dialect) {
-  const LocalTime now = SystemPlatform()->clock->Now();
-  const auto day = DayNumber(now.year, now.month, now.day).value_or(0);
-  return JoinDayAndTime(day, static_cast<std::int64_t>(MillisecondsNow(now))).days;
-}
-
-// A date as a number, or as text in any of the forms of a literal; fault 13 for what is no date.
-double DaysOf(const Variant& value) {
-  const auto* const text = value.Get<String>();
-  if (text == nullptr) return ToDouble(value);
-  const auto days = ParseDateLiteral(text->ToUtf8());
-  if (!days) RaiseFault(FaultNumber::TypeMismatch);
-  return *days;
-}
-
-CivilTime SplitArgument(SqlArguments a) {
-  const auto split = ToCivilTime(Date{DaysOf(a[0])}, kMillisecondsOfSecond);
-  if (!split) RaiseFault(FaultNumber::InvalidProcedureCall);
-  return *split;
-}
-
-Variant ToDate(SqlArguments a, Dialect) { return DaysOf(a[0]); }
-
-// FoxPro's empty date stands for no day at all.
-bool IsEmptyDate(SqlArguments a, Dialect dialect) {
-  const double days = DaysOf(a[0]);
-  return dialect == Dialect::FoxPro && days >= 0 && days < 1;
-}
-
-template <auto Part>
-Variant DayPart(SqlArguments a, Dialect dialect) {
-  if (IsEmptyDate(a, dialect)) return 0.0;
-  return static_cast<double>(SplitArgument(a).*Part);
-}
-
-template <auto Part>
-Variant TimePart(SqlArguments a, Dialect) {
-  return static_cast<double>(SplitArgument(a).*Part);
-}
-
-// "20240305", eight blanks for the empty date.
-Variant DateDigits(SqlArguments a, Dialect dialect) {
-  if (IsEmptyDate(a, dialect)) return Text(std::u16string(8, u' '));
-  const CivilTime date = SplitArgument(a);
-  const unsigned number = (static_cast<unsigned>(date.year) * 100 + date.month) * 100 + date.day;
-  const std::string digits = std::to_string(number);
-  return String(std::string(8 - std::min<std::size_t>(digits.size(), 8), '0') + digits);
-}
-
 constexpr int kMany = 100;
 
 constexpr SqlFunction kFunctions[] = {
@@ -334,23 +269,23 @@ constexpr SqlFunction kFunctions[] = {
     {"BETWEEN", 3, 3, false, true, false, Between},
     {"CBOOL", 1, 1, true, false, false, ToTruth},
     {"CCUR", 1, 1, true, false, false, ToAmount},
-    {"CDATE", 1, 1, true, false, false, ToDate},
+    {"CDATE", 1, 1, true, false, false, date_functions::ToDate},
     {"CDBL", 1, 1, true, false, false, ToNumber},
     {"CHR", 1, 1, true, true, false, CharacterOf},
     {"CINT", 1, 1, true, false, false, ToShortNumber},
     {"CLNG", 1, 1, true, false, false, ToWholeNumber},
     {"CSNG", 1, 1, true, false, false, ToSingle},
     {"CSTR", 1, 1, true, false, false, ToTextOf},
-    {"CTOD", 1, 1, false, true, false, ToDate},
-    {"CVDATE", 1, 1, true, false, false, ToDate},
-    {"DATE", 0, 0, true, true, false, Today},
-    {"DATETIME", 0, 0, false, true, false, Now},
-    {"DAY", 1, 1, true, true, false, DayPart<&CivilTime::day>},
-    {"DTOS", 1, 1, false, true, false, DateDigits},
+    {"CTOD", 1, 1, false, true, false, date_functions::ToDate},
+    {"CVDATE", 1, 1, true, false, false, date_functions::ToDate},
+    {"DATE", 0, 0, true, true, false, date_functions::Today},
+    {"DATETIME", 0, 0, false, true, false, date_functions::Now},
+    {"DAY", 1, 1, true, true, false, date_functions::Day},
+    {"DTOS", 1, 1, false, true, false, date_functions::DateDigits},
     {"EMPTY", 1, 1, false, true, true, Empty},
     {"FIX", 1, 1, true, false, false, Fix},
     {"FLOOR", 1, 1, false, true, false, Floor},
-    {"HOUR", 1, 1, true, true, false, TimePart<&CivilTime::hour>},
+    {"HOUR", 1, 1, true, true, false, date_functions::Hour},
     {"IIF", 3, 3, true, true, true, Iif},
     {"INSTR", 2, 3, true, false, false, InStr},
     {"INT", 1, 1, true, true, false, Int},
@@ -362,9 +297,9 @@ constexpr SqlFunction kFunctions[] = {
     {"LOWER", 1, 1, false, true, false, Lower},
     {"LTRIM", 1, 1, true, true, false, LeftTrim},
     {"MID", 2, 3, true, false, false, Mid},
-    {"MINUTE", 1, 1, true, true, false, TimePart<&CivilTime::minute>},
-    {"MONTH", 1, 1, true, true, false, DayPart<&CivilTime::month>},
-    {"NOW", 0, 0, true, false, false, Now},
+    {"MINUTE", 1, 1, true, true, false, date_functions::Minute},
+    {"MONTH", 1, 1, true, true, false, date_functions::Month},
+    {"NOW", 0, 0, true, false, false, date_functions::Now},
     {"NVL", 2, 2, false, true, true, NullToOther},
     {"NZ", 1, 2, true, false, true, NullToOther},
     {"PADL", 2, 2, false, true, false, PadLeft},
@@ -374,8 +309,8 @@ constexpr SqlFunction kFunctions[] = {
     {"RIGHT", 2, 2, true, true, false, Right},
     {"ROUND", 1, 2, true, true, false, Round},
     {"RTRIM", 1, 1, true, true, false, RightTrim},
-    {"SEC", 1, 1, false, true, false, TimePart<&CivilTime::second>},
-    {"SECOND", 1, 1, true, false, false, TimePart<&CivilTime::second>},
+    {"SEC", 1, 1, false, true, false, date_functions::Second},
+    {"SECOND", 1, 1, true, false, false, date_functions::Second},
     {"SGN", 1, 1, true, false, false, Sign},
     {"SIGN", 1, 1, false, true, false, Sign},
     {"SPACE", 1, 1, true, true, false, Space},
@@ -385,12 +320,12 @@ constexpr SqlFunction kFunctions[] = {
     {"STRING", 2, 2, true, false, false, StringOf},
     {"STRTRAN", 3, 3, false, true, false, Replace},
     {"SUBSTR", 2, 3, false, true, false, Mid},
-    {"TIME", 0, 0, true, false, false, TimeNow},
+    {"TIME", 0, 0, true, false, false, date_functions::TimeNow},
     {"TRIM", 1, 1, true, true, false, Trim},
     {"UCASE", 1, 1, true, false, false, Upper},
     {"UPPER", 1, 1, false, true, false, Upper},
     {"VAL", 1, 1, true, true, false, Val},
-    {"YEAR", 1, 1, true, true, false, DayPart<&CivilTime::year>},
+    {"YEAR", 1, 1, true, true, false, date_functions::Year},
 };
 
 }  // namespace
