@@ -57,6 +57,7 @@ void CallFunction(sqlite3_context* context, int count, sqlite3_value** arguments
   const auto& bound = *static_cast<const BoundFunction*>(Sqlite().user_data(context));
   RunFunction(context, *bound.state, [&] {
     std::vector<Variant> values;
+    values.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
       values.push_back(ArgumentValue(arguments[i]));
     const bool null_in = std::any_of(values.begin(), values.end(),
