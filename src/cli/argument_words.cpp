@@ -12,11 +12,7 @@ namespace vandpublic {
 
 std::size_t FindCallableSlot(const std::string& name) {
   for (const SlotKind kind : {SlotKind::Method, SlotKind::PropertyGet}) {
-    const auto slot = FindSlot(name, kind);
-    if (!slot) continue;
-    const MemberInfo& member = MemberTable()[*slot];
-    if (member.available) return *slot;
-    throw UsageError("'" + std::string(member.name) + "' is not available in this build");
+    if (const auto slot = FindSlot(name, kind)) return *slot;
   }
   std::vector<std::string_view> names;
   for (const MemberInfo& member : MemberTable())
@@ -48,8 +44,7 @@ void ArgumentWords::Add(const std::string& word) {
 // The first parameter that has no value yet.
 std::size_t ArgumentWords::NextFree() const {
   std::size_t index = 0;
-  while (index < member_.parameters.size() &&
-         arguments_.contains(std::string(member_.parameters[index].name)))
+  while (index < member_.parameters.size() && arguments_.contains(member_.parameters[index].name))
     ++index;
   return index;
 }

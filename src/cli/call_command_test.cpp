@@ -85,6 +85,19 @@ TEST(CallCommand, settings_are_applied_before_the_call) {
   EXPECT_EQ(Tool({"call", "DebugMode", "--debug-mode", "debug_mode_msgbox"}).output, "2\n");
 }
 
+TEST(CallCommand, a_property_has_no_references) {
+  EXPECT_EQ(Tool({"call", "AppPath", "--app-path=/srv", "--refs"}).output, "/srv\n");
+  EXPECT_EQ(Tool({"call", "AppPath", "--app-path=/srv", "--json"}).output,
+            "{\"result\":\"/srv\"}\n");
+}
+
+TEST(CallCommand, settings_that_are_no_text_are_refused) {
+  for (const std::string option : {"--app-path", "--log-path", "--log-name"}) {
+    EXPECT_EQ(Problem({"call", "AppPath", option.c_str(), "\xFF"}),
+              "'" + option + "': a value is not in UTF-8");
+  }
+}
+
 TEST(CallCommand, explains_a_wrong_command_line) {
   EXPECT_EQ(Problem({"call"}), "the member's name is missing");
   EXPECT_EQ(Problem({"call", "HxToDec"}), "unknown member 'HxToDec'; did you mean 'HexToDec'?");
@@ -109,7 +122,7 @@ TEST(CallCommand, a_value_is_never_repeated_in_a_message) {
 TEST(MembersCommand, lists_every_slot) {
   const std::string list = Tool({"members"}).output;
   EXPECT_EQ(static_cast<std::size_t>(std::count(list.begin(), list.end(), '\n')), kSlotCount);
-  EXPECT_NE(list.find("  HexToDec(istr_HexNumber As String) As Long\n"), list.npos);
+  EXPECT_NE(list.find("\nHexToDec(istr_HexNumber As String) As Long\n"), list.npos);
 }
 
 TEST(MembersCommand, tells_about_one_member) {

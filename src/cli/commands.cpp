@@ -144,8 +144,7 @@ constexpr std::string_view kMembersExamples = R"(  vandpublic members
 )";
 
 constexpr std::string_view kMembersNotes =
-    R"(Lists all members in the order of the interface; "-" marks those that this build does not have.
-With a name, tells everything about one member.
+    R"(Lists all members in the order of the interface. With a name, tells everything about one member.
 
 Exit status: 0 done, 2 no such member.
 

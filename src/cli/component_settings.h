@@ -8,7 +8,7 @@
 namespace vandpublic {
 
 // --app-path calls Init; then --debug-mode, --log-path and --log-name set their properties. Raises
-// UsageError for a debug mode that is none.
+// UsageError for a debug mode that is none and a text that is not in UTF-8.
 void ApplySettings(clsPublic& component, const CommandLine& line);
 
 }  // namespace vandpublic

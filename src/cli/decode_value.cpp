@@ -65,9 +65,19 @@ bool NeedBoolean(const Json& json) {
   return json.get<bool>();
 }
 
+void NeedNull(const Json& json) {
+  if (!json.is_null()) Misfit("null");
+}
+
 double NeedNumber(const Json& json) {
   if (!json.is_number()) Misfit("a number");
   return json.get<double>();
+}
+
+float NeedSingle(const Json& json) {
+  const double number = NeedNumber(json);
+  if (std::abs(number) > std::numeric_limits<float>::max()) Misfit("a number of single precision");
+  return static_cast<float>(number);
 }
 
 const std::string& NeedText(const Json& json) {
@@ -212,15 +222,17 @@ Variant NeedArrayShape(const Json& json, std::uint16_t element_type) {
 Variant DecodeTyped(int code, const Json& value) {
   switch (static_cast<VarType>(code)) {
     case VarType::Empty:
-      return value.is_null() ? Variant() : (Misfit("null"), Variant());
+      NeedNull(value);
+      return {};
     case VarType::Null:
-      return value.is_null() ? Variant(NullValue{}) : (Misfit("null"), Variant());
+      NeedNull(value);
+      return NullValue{};
     case VarType::Integer:
       return NeedInteger(value);
     case VarType::Long:
       return NeedLong(value);
     case VarType::Single:
-      return static_cast<float>(NeedNumber(value));
+      return NeedSingle(value);
     case VarType::Double:
       return NeedNumber(value);
     case VarType::Currency:

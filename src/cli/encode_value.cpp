@@ -14,7 +14,7 @@ Json EncodeText(const String& text) {
   if (text.IsAbsent()) return nullptr;
   if (text.ByteLength() % 2 == 0 && IsWellFormed(text.view())) return text.ToUtf8();
   const std::string bytes = text.ToBytes();
-  return {{"utf16le", ToHexText(std::vector<Byte>(bytes.begin(), bytes.end()))}};
+  return JsonObject("utf16le", ToHexText(std::vector<Byte>(bytes.begin(), bytes.end())));
 }
 
 Json EncodeBound(ArrayBound bound) {
@@ -23,14 +23,14 @@ Json EncodeBound(ArrayBound bound) {
 
 Json EncodeArray(const ByteArray& array) {
   if (!array.IsDimensioned()) return nullptr;
-  Json json{{"bytes", ToHexText(array.Elements())}};
+  Json json = JsonObject("bytes", ToHexText(array.Elements()));
   if (array.LowerBound() != 0) json["lower"] = array.LowerBound();
   return json;
 }
 
 Json EncodeTable(const ByteTable& table) {
   if (!table.IsDimensioned()) return nullptr;
-  Json json{{"bytes", ToHexText(table.Elements())}};
+  Json json = JsonObject("bytes", ToHexText(table.Elements()));
   json["bounds"] = Json::array({EncodeBound(table.Rows()), EncodeBound(table.Columns())});
   return json;
 }
@@ -40,7 +40,7 @@ Json EncodeShape(const ArrayShape& shape) {
   Json bounds = Json::array();
   for (const ArrayBound& bound : shape.bounds)
     bounds.push_back(EncodeBound(bound));
-  return {{"bounds", std::move(bounds)}};
+  return JsonObject("bounds", std::move(bounds));
 }
 
 // "-12.5000": always four decimals, no digit lost.
@@ -61,7 +61,7 @@ struct Plain {
   Json operator()(const String& text) const { return EncodeText(text); }
   Json operator()(const ObjectRef& object) const {
     if (object == nullptr) return nullptr;
-    return {{"object", std::string(object->ClassName())}};
+    return JsonObject("object", std::string(object->ClassName()));
   }
   Json operator()(const Decimal& number) const { return number.text(); }
   Json operator()(const ByteArray& array) const { return EncodeArray(array); }
@@ -134,7 +134,7 @@ Variant Converted(const Variant& value, InterfaceType type) {
 
 Json EncodeVariant(const Variant& value) {
   constexpr int kReference = static_cast<int>(VarType::ByReference);
-  Json json{{"vt", static_cast<int>(value.Type()) & ~kReference}};
+  Json json = JsonObject("vt", static_cast<int>(value.Type()) & ~kReference);
   json["value"] = value.Visit(Plain{});
   return json;
 }
@@ -150,7 +150,7 @@ Json EncodeValue(const Variant& value, InterfaceType type) {
 }
 
 Json EncodeError(const AutomationError& error) {
-  Json json{{"number", error.number()}};
+  Json json = JsonObject("number", error.number());
   json["hex"] = HexNumber(error.number());
   json["source"] = EncodeText(error.source());
   json["description"] = EncodeText(error.description());

@@ -163,6 +163,12 @@ std::string_view RawMember(std::string_view text, std::string_view key) {
   return {};
 }
 
+Json JsonObject(std::string_view key, Json value) {
+  Json object = Json::object();
+  object[std::string(key)] = std::move(value);
+  return object;
+}
+
 std::string Quoted(std::string_view text) {
   if (text.size() <= kLongestQuote) return std::string(text);
   std::size_t cut = kLongestQuote;

@@ -33,6 +33,9 @@ Json ParseJson(std::string_view text);
 //   RawMember(R"({"id":1.50,"show":"a"})", "id")  is  "1.50"
 std::string_view RawMember(std::string_view text, std::string_view key);
 
+// {KEY: value}. Braces alone would take a pair of texts for an array.
+Json JsonObject(std::string_view key, Json value);
+
 // The text inside the quotes of a JSON string, shortened when it is long, for messages.
 std::string Quoted(std::string_view text);
 

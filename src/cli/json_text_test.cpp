@@ -77,6 +77,7 @@ TEST(JsonText, raw_member_is_the_text_as_it_stands) {
   EXPECT_EQ(RawMember(R"({"id":123456789012345678901234567890})", "id"),
             "123456789012345678901234567890");
   EXPECT_EQ(RawMember("{\"id\":null\t}", "id"), "null");
+  EXPECT_EQ(RawMember("\xEF\xBB\xBF{\r\n\"id\"\t:\r\n7\r}", "id"), "7");
 }
 
 TEST(JsonText, raw_member_is_empty_when_there_is_none) {
@@ -88,6 +89,7 @@ TEST(JsonText, quotes_are_shortened_between_characters) {
   EXPECT_EQ(Quoted("short"), "short");
   EXPECT_EQ(Quoted(std::string(81, 'a')), std::string(80, 'a') + "...");
   EXPECT_EQ(Quoted(std::string(79, 'a') + "\xC3\xA9z"), std::string(79, 'a') + "...");
+  EXPECT_EQ(Quoted(std::string(100, '\x80')), "...") << "a word of the command line may be any";
 }
 
 }  // namespace

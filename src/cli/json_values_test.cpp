@@ -61,6 +61,7 @@ constexpr RoundTrip kRoundTrips[] = {
     {Type::Variant, R"({"vt":2,"value":-5})"},
     {Type::Variant, R"({"vt":3,"value":2147483647})"},
     {Type::Variant, R"({"vt":4,"value":0.5})"},
+    {Type::Variant, R"({"vt":4,"value":-3.4028234663852886e+38})"},
     {Type::Variant, R"({"vt":5,"value":1e+300})"},
     {Type::Variant, R"({"vt":6,"value":"12.5000"})"},
     {Type::Variant, R"({"vt":6,"value":"-0.0001"})"},
@@ -132,6 +133,9 @@ constexpr Refusal kRefusals[] = {
     {Type::Integer, "1e300"},
     {Type::Long, "2147483648"},
     {Type::Long, "18446744073709551615"},
+    {Type::Long, "-1e300"},
+    {Type::Variant, R"({"vt":4,"value":3.5e38})"},
+    {Type::Variant, R"({"vt":4,"value":-3.5e38})"},
     {Type::PadMethod, "\"NOPAD\""},
     {Type::PadMethod, "2147483648"},
     {Type::String, "5"},
@@ -211,6 +215,57 @@ TEST(JsonValues, a_reference_to_an_array_shows_as_the_array) {
   ByteArray array = {1, 2};
   EXPECT_EQ(EncodeVariant(Variant::Referring(array)).dump(),
             R"({"vt":8209,"value":{"bytes":"0102"}})");
+  ByteTable table({0, 1}, {5, 2});
+  EXPECT_EQ(EncodeVariant(Variant::Referring(table)).dump(),
+            R"({"vt":8209,"value":{"bytes":"0000","bounds":[[0,0],[5,6]]}})");
+}
+
+TEST(JsonValues, an_error_object_is_shown_by_its_class) {
+  const Variant value = DecodeValue(ParseJson(R"({"Number":5})"), Type::ErrObject);
+  EXPECT_EQ(EncodeValue(value, Type::ErrObject).dump(), R"({"object":"ErrObject"})");
+}
+
+struct Conversion {
+  Variant value;
+  InterfaceType type;
+  Variant converted;
+};
+
+TEST(JsonValues, a_value_is_converted_to_the_type_of_a_variable) {
+  const Conversion conversions[] = {
+      {Variant("-1"), Type::Boolean, true},
+      {Variant(255.0), Type::Byte, Byte{255}},
+      {Variant("-32768"), Type::Integer, Integer{-32768}},
+      {Variant("2147483647"), Type::Long, Long{2147483647}},
+      {Variant(Byte{3}), Type::PadMethod, Long{3}},
+      {Variant(Long{5}), Type::String, "5"},
+      {Variant(), Type::ByteArray, ByteArray()},
+      {Variant(), Type::ByteTable, ByteTable()},
+      {Variant(), Type::ErrObject, ObjectRef()},
+      {Variant(), Type::Connection, ObjectRef()},
+      {Variant(), Type::Recordset, ObjectRef()},
+      {Variant(), Type::Field, ObjectRef()},
+      {Variant(NullValue{}), Type::Variant, NullValue{}},
+  };
+  for (const auto& [value, type, converted] : conversions)
+    EXPECT_EQ(Converted(value, type), converted) << static_cast<int>(type);
+}
+
+TEST(JsonValues, what_cannot_be_converted_is_fault_6_or_13) {
+  const auto fault = [](const Variant& value, InterfaceType type) {
+    try {
+      Converted(value, type);
+      return 0;
+    } catch (const RuntimeFault& raised) {
+      return static_cast<int>(raised.number());
+    }
+  };
+  EXPECT_EQ(fault(Variant(Long{256}), Type::Byte), 6);
+  EXPECT_EQ(fault(Variant("2147483648"), Type::DebugMode), 6);
+  for (const Type type : {Type::Boolean, Type::Integer, Type::Long, Type::ByteArray,
+                          Type::ByteTable, Type::ErrObject, Type::Connection}) {
+    EXPECT_EQ(fault(Variant("x"), type), 13) << static_cast<int>(type);
+  }
 }
 
 TEST(JsonValues, an_error_has_its_number_in_both_forms) {

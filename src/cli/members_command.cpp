@@ -33,15 +33,10 @@ std::vector<std::size_t> ChosenSlots(const CommandLine& line) {
   throw UsageError("unknown member '" + Quoted(name) + "'" + DidYouMean(name, names));
 }
 
-std::string ListLine(const MemberInfo& member) {
-  return (member.available ? "  " : "- ") + MemberSignature(member) + "\n";
-}
-
 std::string Page(std::size_t slot) {
   const MemberInfo& member = MemberTable()[slot];
   std::string page = MemberSignature(member) + "\n\nSlot " + std::to_string(slot + 1) +
-                     ", dispatch id " + std::to_string(DispatchId(slot)) + "." +
-                     (member.available ? "" : " Not available in this build.") + "\n";
+                     ", dispatch id " + std::to_string(DispatchId(slot)) + ".\n";
   for (const std::string& paragraph : DescribeMember(member)) {
     page += "\n";
     for (const std::string& line : Wrap(paragraph, kColumns))
@@ -68,7 +63,7 @@ Json DefaultJson(const DefaultValue& value) {
 }
 
 Json ParameterJson(const Parameter& parameter) {
-  Json json{{"name", std::string(parameter.name)}};
+  Json json = JsonObject("name", std::string(parameter.name));
   json["type"] = std::string(TypeName(parameter.type));
   json["by_reference"] = parameter.by_reference;
   json["optional"] = parameter.IsOptional();
@@ -83,12 +78,11 @@ Json ResultJson(const MemberInfo& member) {
 
 Json MemberJson(std::size_t slot) {
   const MemberInfo& member = MemberTable()[slot];
-  Json json{{"slot", slot + 1}};
+  Json json = JsonObject("slot", slot + 1);
   json["dispatch_id"] = DispatchId(slot);
   json["name"] = std::string(member.name);
   const bool method = member.kind == SlotKind::Method;
   json["use"] = method ? "member" : member.kind == SlotKind::PropertyGet ? "get" : "set";
-  json["available"] = member.available;
   json["signature"] = MemberSignature(member);
   json["parameters"] = Json::array();
   for (const Parameter& parameter : member.parameters)
@@ -121,7 +115,7 @@ CommandResult RunMembers(const CommandLine& line) {
   }
   for (const std::size_t slot : slots) {
     if (!line.words.empty() && !result.output.empty()) result.output += "\n";
-    result.output += line.words.empty() ? ListLine(MemberTable()[slot]) : Page(slot);
+    result.output += line.words.empty() ? MemberSignature(MemberTable()[slot]) + "\n" : Page(slot);
   }
   return result;
 }

@@ -1,6 +1,7 @@
 // Positional arguments for objects driven by name.
 #include "cli/object_requests.h"
 
+#include <exception>
 #include <vector>
 
 #include "cli/call_arguments.h"
@@ -41,14 +42,21 @@ std::vector<Variant> TakeArguments(const Json& args, const NamedValues& names) {
   return values;
 }
 
-// Variables are copied in and out: an object has no types that they could be bound to.
+// Variables are copied in and out: an object has no types that they could be bound to. One that
+// cannot take its value keeps the one it had; the first such fault is raised when all are done.
 void GiveBack(const Json& args, const std::vector<Variant>& values, NamedValues& names) {
+  std::exception_ptr first_fault;
   for (std::size_t i = 0; i < values.size(); ++i) {
     const std::string* name = VariableName(args[i]);
     if (name == nullptr) continue;
     NamedValue& variable = names.find(*name)->second;
-    variable.value = Converted(values[i], variable.type);
+    try {
+      variable.value = Converted(values[i], variable.type);
+    } catch (const RuntimeFault&) {
+      if (!first_fault) first_fault = std::current_exception();
+    }
   }
+  if (first_fault) std::rethrow_exception(first_fault);
 }
 
 }  // namespace
@@ -64,7 +72,11 @@ Variant CallObject(Object& object, std::string_view name, const Json& args, Name
   try {
     result = object.Call(name, values);
   } catch (const AutomationError&) {
-    GiveBack(args, values, names);
+    try {
+      GiveBack(args, values, names);
+    } catch (const RuntimeFault&) {
+      // The first error is the one to report.
+    }
     throw;
   }
   GiveBack(args, values, names);

@@ -46,12 +46,7 @@ struct Slots {
 
 // The slot for that use of the name, or the reason why there is none.
 std::size_t NeedSlot(const std::string& name, SlotKind kind) {
-  const auto slot = FindSlot(name, kind);
-  if (slot) {
-    const MemberInfo& member = MemberTable()[*slot];
-    if (member.available) return *slot;
-    throw ProtocolError("'" + std::string(member.name) + "' is not available in this build");
-  }
+  if (const auto slot = FindSlot(name, kind)) return *slot;
   const auto method = FindSlot(name, SlotKind::Method);
   const auto property = FindSlot(name, SlotKind::PropertyGet);
   if (!method && !property) RaiseUnknownMember(name);
@@ -89,8 +84,9 @@ Json EncodeFromObject(const Variant& value) {
   return EncodeVariant(value);
 }
 
-Json Succeeded(Json result) { return {{"result", std::move(result)}}; }
-Json Failed(const AutomationError& error) { return {{"error", EncodeError(error)}}; }
+Json Succeeded(Json result) { return JsonObject("result", std::move(result)); }
+Json Failed(const AutomationError& error) { return JsonObject("error", EncodeError(error)); }
+Json Refused(const char* reason) { return JsonObject("protocol_error", reason); }
 
 InterfaceType VariableType(const std::string& name) {
   constexpr InterfaceType kTypes[] = {InterfaceType::String, InterfaceType::Integer,
@@ -163,7 +159,7 @@ std::string PipeSession::Reply(std::string_view line) {
     }
     body = Handle(request);
   } catch (const ProtocolError& error) {
-    body = {{"protocol_error", error.what()}};
+    body = Refused(error.what());
   }
   reply += std::string_view(Compact(body)).substr(1);
   return reply;
@@ -173,9 +169,9 @@ Json PipeSession::Handle(const Json& request) {
   try {
     return Dispatch(request);
   } catch (const ProtocolError& error) {
-    return {{"protocol_error", error.what()}};
+    return Refused(error.what());
   } catch (const std::bad_alloc&) {
-    return {{"protocol_error", "out of memory"}};
+    return Refused("out of memory");
   }
 }
 
@@ -307,7 +303,7 @@ Json PipeSession::New(const Json& request) {
   } catch (const AutomationError& error) {
     return Failed(error);
   }
-  return Show({{"show", name}});
+  return Show(JsonObject("show", name));
 }
 
 Json PipeSession::Let(const Json& request) {
@@ -332,7 +328,7 @@ Json PipeSession::Let(const Json& request) {
 
 Json PipeSession::Show(const Json& request) {
   const NamedValue& named = FindName(TextPart(request, "show"));
-  if (named.component) return Succeeded({{"object", std::string(kComponentClass)}});
+  if (named.component) return Succeeded(JsonObject("object", std::string(kComponentClass)));
   return Succeeded(EncodeValue(named.value, named.type));
 }
 

@@ -1,64 +1,12 @@
+// The forms of a request: calls, variables, properties, and what is no request.
 #include "cli/pipe_session.h"
 
 #include <gtest/gtest.h>
 
-#include <new>
-
-#include "platform/database.h"
-#include "runtime/errors.h"
-#include "support/tool_platform.h"
+#include "support/conversation.h"
 
 namespace vandpublic {
 namespace {
-
-// A request and the one reply that is right.
-struct Exchange {
-  std::string_view request;
-  std::string_view reply;
-};
-
-// One after the other on one session.
-void Converse(PipeSession& session, std::initializer_list<Exchange> exchanges) {
-  for (const auto& [request, reply] : exchanges)
-    EXPECT_EQ(session.HandleLine(request), reply) << request;
-}
-
-void Converse(std::initializer_list<Exchange> exchanges) {
-  PipeSession session(TestPlatform());
-  Converse(session, exchanges);
-}
-
-// An object of the host's, as a database layer would bring it.
-class Counter final : public Object {
- public:
-  std::string_view ClassName() const noexcept override { return "Test.Counter"; }
-
-  Variant Get(std::string_view name, std::span<const Variant> arguments) override {
-    if (SameName(name, "Count")) return count_;
-    if (SameName(name, "Item") && !arguments.empty()) return arguments[0];
-    if (SameName(name, "Self")) return ObjectRef(std::make_shared<Counter>());
-    if (SameName(name, "Huge")) throw std::bad_alloc();
-    return Object::Get(name, arguments);
-  }
-  void Set(std::string_view name, const Variant& value) override {
-    if (!SameName(name, "Count")) return Object::Set(name, value);
-    count_ = *value.Get<Long>();
-  }
-  // Adds one to every argument, then fails when it is called "Fail".
-  Variant Call(std::string_view name, std::span<Variant> arguments) override {
-    for (Variant& argument : arguments)
-      argument = *argument.Get<Long>() + 1;
-    if (SameName(name, "Fail")) throw AutomationError(-2147217900, u"Provider", u"no table");
-    return static_cast<Long>(arguments.size());
-  }
-
- private:
-  Long count_ = 3;
-};
-
-constexpr const char* kFault438 =
-    R"({"error":{"number":438,"hex":"0x000001B6","source":"Public_Module",)"
-    R"("description":"Object doesn't support this property or method"})";
 
 // ---- calls
 
@@ -263,109 +211,6 @@ TEST(PipeSession, tells_properties_from_methods) {
         R"({"protocol_error":"too many arguments: 'AppPath' takes none"})"}});
 }
 
-// ---- objects
-
-TEST(PipeSession, every_component_has_its_own_state) {
-  Converse(
-      {{R"({"new":"public_module.CLSPUBLIC","as":"o"})",
-        R"({"result":{"object":"Public_Module.clsPublic"}})"},
-       {R"({"set":"DebugMode","value":0})", R"({"result":null})"},
-       {R"({"on":"o","get":"DebugMode"})", R"({"result":1})"},
-       {R"({"on":"o","set":"AppPath","value":"x"})", R"({"result":null})"},
-       {R"({"get":"AppPath"})", R"({"result":""})"},
-       {R"({"on":"o","member":"IsHex","args":[""]})", R"({"result":true,"refs":{}})"},
-       {R"({"show":"o"})", R"({"result":{"object":"Public_Module.clsPublic"}})"},
-       {R"({"member":"ArraySize","args":[{"var":"o"}]})",
-        R"({"protocol_error":"argument 'iavar_Array': 'o' is an object that no member takes"})"},
-       {R"({"drop":"o"})", R"({"result":null})"},
-       {R"({"on":"o","get":"DebugMode"})", R"({"protocol_error":"unknown name 'o'"})"}});
-}
-
-TEST(PipeSession, unknown_classes_are_refused) {
-  Converse(
-      {{R"({"new":"ADODB.Conection","as":"c"})",
-        R"({"protocol_error":"unknown class 'ADODB.Conection'; )"
-        R"(did you mean 'ADODB.Connection'?"})"},
-       {R"({"new":"Public_Module.clsPublic"})", R"({"protocol_error":"'as' must be a text"})"}});
-}
-
-TEST(PipeSession, database_objects_are_created_and_passed) {
-  try {
-    MakeConnection()->Get("State", {});
-  } catch (const AutomationError& error) {
-    GTEST_SKIP() << "the connections of this system do not answer: " << error.what();
-  }
-  Converse(
-      {{R"({"new":"adodb.connection","as":"c"})", R"({"result":{"object":"ADODB.Connection"}})"},
-       {R"({"new":"ADODB.Recordset","as":"r"})", R"({"result":{"object":"ADODB.Recordset"}})"},
-       {R"({"on":"c","get":"State"})", R"({"result":{"vt":3,"value":0}})"},
-       {R"({"on":"c","set":"ConnectionString","value":"DSN=x"})", R"({"result":null})"},
-       {R"({"on":"c","get":"ConnectionString"})", R"({"result":{"vt":8,"value":"DSN=x"}})"},
-       {R"({"on":"r","set":"ActiveConnection","value":{"var":"c"}})", R"({"result":null})"},
-       {R"({"on":"r","get":"ActiveConnection","as":"again"})",
-        R"({"result":{"object":"ADODB.Connection"}})"},
-       {R"({"on":"again","get":"ConnectionString"})", R"({"result":{"vt":8,"value":"DSN=x"}})"},
-       {R"({"member":"OpenConnAsMDB","args":[null,"x.mdb"]})",
-        R"({"error":{"number":-2147221466,"hex":"0x80040026","source":"clsCommon.OpenConnAsMDB",)"
-        R"("description":"Connection object not set yet."},)"
-        R"("refs":{"DB_Conn":null,"rstr_ErrDesc":"Connection object not set yet."}})"},
-       {R"({"member":"OpenConnAsMDB","args":[{"var":"c"}," "]})",
-        R"({"error":{"number":-2147221466,"hex":"0x80040026","source":"clsCommon.OpenConnAsMDB",)"
-        R"("description":"MDB file path not provided."},"refs":{"DB_Conn":)"
-        R"({"object":"ADODB.Connection"},"rstr_ErrDesc":"MDB file path not provided."}})"},
-       {R"({"member":"OpenConnAsMDB","args":[{"var":"r"},"x.mdb"]})",
-        R"({"protocol_error":"argument 'DB_Conn' has a value of the wrong type"})"}});
-}
-
-TEST(PipeSession, an_unset_connection_variable_stays_unset) {
-  Converse(
-      {{R"({"member":"OpenConnAsMDB","args":[{"var":"n"},"x.mdb"]})",
-        R"({"error":{"number":-2147221466,"hex":"0x80040026",)"
-        R"("source":"clsCommon.OpenConnAsMDB","description":"Connection object not set yet."},)"
-        R"("refs":{"DB_Conn":null,"rstr_ErrDesc":"Connection object not set yet."}})"},
-       {R"({"show":"n"})", R"({"result":null})"},
-       {R"({"on":"n","get":"State"})", R"({"protocol_error":"'n' is no object"})"}});
-}
-
-TEST(PipeSession, objects_are_driven_by_name) {
-  PipeSession session(TestPlatform());
-  session.Keep("c", std::make_shared<Counter>());
-  Converse(
-      session,
-      {
-          {R"({"on":"c","get":"count"})", R"({"result":{"vt":3,"value":3}})"},
-          {R"({"on":"c","set":"Count","value":5})", R"({"result":null})"},
-          {R"({"on":"c","get":"Count"})", R"({"result":{"vt":3,"value":5}})"},
-          {R"({"on":"c","get":"Item","args":["Name"]})", R"({"result":{"vt":8,"value":"Name"}})"},
-          {R"({"on":"c","get":"Self","as":"f"})", R"({"result":{"object":"Test.Counter"}})"},
-          {R"({"on":"f","get":"Count"})", R"({"result":{"vt":3,"value":3}})"},
-          {R"({"let":"n","type":"Long","value":1})", R"({"result":null})"},
-          {R"({"on":"c","member":"Add","args":[{"var":"n"},7,{"missing":true}]})",
-           R"({"result":{"vt":3,"value":2},"refs":{}})"},
-          {R"({"show":"n"})", R"({"result":2})"},
-          {R"({"on":"c","member":"Fail","args":[{"var":"n"}]})",
-           R"({"error":{"number":-2147217900,"hex":"0x80040E14","source":"Provider",)"
-           R"("description":"no table"},"refs":{}})"},
-          {R"({"show":"n"})", R"({"result":3})"},
-          {R"({"on":"c","get":"Foo"})", kFault438 + std::string("}")},
-          {R"({"on":"c","set":"Foo","value":1})", kFault438 + std::string("}")},
-          {R"({"on":"c","get":"Item","args":{"x":1}})",
-           R"({"protocol_error":"'args' of an object must be an array"})"},
-          {R"({"on":"c","get":"Item","args":[{"var":"zz"}]})",
-           R"({"protocol_error":"argument 1: unknown name 'zz'"})"},
-          {R"({"on":"n","get":"Item"})", R"({"protocol_error":"'n' is no object"})"},
-          {R"({"show":"c"})", R"({"result":{"object":"Test.Counter"}})"},
-      });
-}
-
-TEST(PipeSession, want_of_memory_inside_a_call_is_fault_7) {
-  PipeSession session(TestPlatform());
-  session.Keep("c", std::make_shared<Counter>());
-  EXPECT_EQ(session.HandleLine(R"({"on":"c","get":"Huge"})"),
-            R"({"error":{"number":7,"hex":"0x00000007","source":"Public_Module",)"
-            R"("description":"Out of memory"}})");
-}
-
 // ---- what is no request
 
 TEST(PipeSession, explains_what_is_no_request) {
@@ -403,10 +248,10 @@ TEST(PipeSession, explains_what_is_no_request) {
   });
 }
 
-TEST(PipeSession, every_available_member_answers) {
+TEST(PipeSession, every_member_answers) {
   PipeSession session(TestPlatform());
   for (const MemberInfo& member : MemberTable()) {
-    if (!member.available || member.kind != SlotKind::Method) continue;
+    if (member.kind != SlotKind::Method) continue;
     Json args = Json::array();
     for (const Parameter& parameter : member.parameters) {
       if (!parameter.IsOptional()) args.push_back({{"var", std::string(parameter.name)}});

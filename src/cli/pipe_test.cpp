@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -83,6 +84,34 @@ TEST(LineReader, reports_a_descriptor_that_cannot_be_read) {
   std::string_view line;
   EXPECT_EQ(reader.Next(line), LineReader::Outcome::Failed);
   EXPECT_EQ(errno, EBADF);
+}
+
+// A peer that goes away with something unread resets the connection behind what it sent.
+TEST(LineReader, reports_a_connection_that_breaks_inside_a_line) {
+  for (const std::size_t longest : {std::size_t{4}, kLongestLine}) {
+    int ends[2];
+    ASSERT_EQ(socketpair(AF_UNIX, SOCK_STREAM, 0, ends), 0);
+    ASSERT_TRUE(WriteAll(ends[0], "unread"));
+    ASSERT_TRUE(WriteAll(ends[1], "more than four"));
+    close(ends[1]);
+    LineReader reader(ends[0], longest);
+    std::string_view line;
+    EXPECT_EQ(reader.Next(line), LineReader::Outcome::Failed) << longest;
+    EXPECT_EQ(errno, ECONNRESET);
+    close(ends[0]);
+  }
+}
+
+// What is left behind a long line may be more than one read, and is moved as it is.
+TEST(LineReader, goes_on_behind_lines_of_any_length) {
+  std::string input;
+  std::string seen;
+  for (const std::size_t length : {2000000u, 100u, 1500000u, 0u, 300000u, 1u}) {
+    const std::string line(length, static_cast<char>('a' + length % 26));
+    input += line + "\n";
+    seen += "[" + line + "]";
+  }
+  EXPECT_TRUE(Cut(input) == seen);
 }
 
 TEST(Pipe, answers_each_line_before_it_reads_the_next) {

@@ -77,9 +77,10 @@ using Setter = void (clsPublic::*)(Value);
 
 using LateBound = Variant (*)(clsPublic&, Arguments);
 
-constexpr std::array<LateBound, kSlotCount> kCalls = {
+constexpr auto kCalls = std::to_array<LateBound>({
 #include "invoke/bindings.inc"
-};
+});
+static_assert(kCalls.size() == kSlotCount);
 
 std::string DescribeMisfit(FaultNumber reason, std::string_view parameter) {
   const std::string name(parameter);
@@ -166,7 +167,6 @@ std::optional<std::size_t> FindParameter(const MemberInfo& member, std::string_v
 Variant InvokeSlot(clsPublic& object, std::size_t slot_index, Arguments arguments) {
   const MemberInfo& member = MemberTable()[slot_index];
   const LateBound call = kCalls[slot_index];
-  if (call == nullptr) RaiseFault(FaultNumber::NoSuchPropertyOrMethod);
   try {
     const CompleteArguments complete(member, arguments);
     return call(object, complete.Get());

@@ -40,7 +40,7 @@ VANDPUBLIC_API Variant InitialValue(const Parameter& parameter);
 VANDPUBLIC_API std::optional<std::size_t> FindParameter(const MemberInfo& member,
                                                         std::string_view name) noexcept;
 
-// Calls the member in an (available) slot. Arguments stand in the order of the parameters; a null
+// Calls the member in a slot. Arguments stand in the order of the parameters; a null
 // pointer or a short list leaves optional parameters out.
 //
 // Values are converted as automation does it: text to number and number to text, True to -1,

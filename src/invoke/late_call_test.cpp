@@ -328,17 +328,11 @@ TEST_F(LateCallTest, An_absent_text_reaches_the_member_as_absent) {
   EXPECT_EQ(CallWith("MsgFmtTextToHex", {String::FromBytes("ABC"), true}), Variant("414243"));
 }
 
-TEST_F(LateCallTest, Every_member_of_this_build_can_be_called_and_no_other) {
+TEST_F(LateCallTest, Every_member_can_be_called) {
   const std::vector<Variant> too_many(kMostParameters + 1, Variant("x"));
   for (std::size_t i = 0; i < kSlotCount; ++i) {
     const MemberInfo& member = MemberTable()[i];
-    if (member.available) {
-      EXPECT_EQ(UnfitOf(member.name, too_many, member.kind).reason, 450) << member.name;
-    } else {
-      EXPECT_EQ(RaisedBy([&] { CallWith(member.name, too_many, member.kind); }),
-                PlainFault(FaultNumber::NoSuchPropertyOrMethod))
-          << member.name;
-    }
+    EXPECT_EQ(UnfitOf(member.name, too_many, member.kind).reason, 450) << member.name;
   }
 }
 

@@ -119,7 +119,6 @@ struct MemberInfo {
   std::string_view does = {};    // what the member does, in sentences
   std::string_view raises = {};  // which inputs fail
   std::string_view leaves = {};  // by-reference arguments and side effects after a failure
-  bool available = true;
 
   constexpr std::string_view LogName() const { return log_name.empty() ? name : log_name; }
 };

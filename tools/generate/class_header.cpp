@@ -199,9 +199,8 @@ std::string ClassHeader() {
   for (const Enumeration& enumeration : Enumerations())
     WriteEnumeration(out, enumeration);
   out << kClassHead;
-  for (const MemberInfo& member : MemberTable()) {
-    if (member.available) WriteMember(out, member);
-  }
+  for (const MemberInfo& member : MemberTable())
+    WriteMember(out, member);
   out << kTail;
   return out.str();
 }

@@ -46,9 +46,7 @@ std::string Bindings() {
   std::ostringstream out;
   out << "// One late-bound call a slot, in the order of the slots.\n" << kNotice;
   for (const MemberInfo& member : MemberTable()) {
-    if (!member.available) {
-      out << "nullptr,  // " << member.name << '\n';
-    } else if (member.kind == SlotKind::PropertyGet) {
+    if (member.kind == SlotKind::PropertyGet) {
       out << "&Call<Getter<" << CppResult(member) << ">(&clsPublic::" << member.name << ")>,\n";
     } else if (member.kind == SlotKind::PropertyPut) {
       const std::string parameters = CppParameters(member);

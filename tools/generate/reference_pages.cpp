@@ -18,7 +18,6 @@ void WriteMember(std::ostream& out, const MemberInfo& member, std::size_t slot) 
   if (member.kind == SlotKind::PropertyPut) out << " (write)";
   if (member.kind == SlotKind::PropertyGet) out << " (read)";
   out << "\n\nSlot " << slot << ", dispatch id " << DispatchId(slot - 1) << ".";
-  if (!member.available) out << " Not available in this build.";
   out << "\n\n    " << MemberSignature(member) << "\n";
   for (const std::string& paragraph : DescribeMember(member))
     out << "\n" << paragraph << "\n";
