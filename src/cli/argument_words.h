@@ -23,6 +23,8 @@ class ArgumentWords {
   // value yet. "@FILE" is read. Raises UsageError.
   void Add(const std::string& word);
 
+  bool HaveReadStandardInput() const noexcept { return reader_.HasReadStandardInput(); }
+
   // The arguments by name, as a request of the pipe has them.
   Json Take() { return std::move(arguments_); }
 

@@ -1,6 +1,7 @@
 // Streams and command line on Linux.
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -11,13 +12,15 @@
 namespace vandpublic {
 namespace {
 
+constexpr mode_t kNewFileMode = 0666;
+
 // Repeats a call that a signal has broken off, and waits where it would block.
 template <class Call>
 std::ptrdiff_t Persistently(int descriptor, short events, Call call) {
   for (;;) {
     const ssize_t count = call();
     if (count >= 0) return count;
-    if (errno == EAGAIN || errno == EWOULDBLOCK) {
+    if (errno == EAGAIN) {
       pollfd wanted{descriptor, events, 0};
       poll(&wanted, 1, -1);
     } else if (errno != EINTR) {
@@ -26,9 +29,32 @@ std::ptrdiff_t Persistently(int descriptor, short events, Call call) {
   }
 }
 
+// A standard stream that the caller closed is taken by a file that can only be used the wrong way:
+// its use stays an error, and no file that is opened later gets its number and with it the tool's
+// output.
+void Occupy(int standard) {
+  if (fcntl(standard, F_GETFD) >= 0) return;
+  open("/dev/null", standard == kStandardInput ? O_WRONLY : O_RDONLY);  // the lowest free number
+}
+
+// Only regular files have an end to go on at; a device may even never end.
+int RegularFile(int descriptor) {
+  struct stat status {};
+  if (descriptor < 0 || (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))) {
+    return descriptor;
+  }
+  close(descriptor);
+  errno = EINVAL;
+  return -1;
+}
+
 }  // namespace
 
-ByteStreams::ByteStreams() : previous_(0) { std::signal(SIGPIPE, SIG_IGN); }
+ByteStreams::ByteStreams() : previous_(0) {
+  std::signal(SIGPIPE, SIG_IGN);
+  for (const int standard : {kStandardInput, kStandardOutput, kStandardError})
+    Occupy(standard);
+}
 
 // The tool ends right after it; nobody needs the signal back.
 ByteStreams::~ByteStreams() = default;
@@ -42,16 +68,11 @@ std::ptrdiff_t WriteSome(int descriptor, const char* bytes, std::size_t size) {
 }
 
 int OpenFile(const std::string& path, FileUse use) {
-  constexpr mode_t kNewFileMode = 0666;
-  switch (use) {
-    case FileUse::Read:
-      return open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    case FileUse::Create:
-      return open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_EXCL, kNewFileMode);
-    case FileUse::GoOn:
-      return open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kNewFileMode);
-  }
-  return -1;
+  const char* const name = path.c_str();
+  if (use == FileUse::Read) return open(name, O_RDONLY | O_CLOEXEC);
+  constexpr int kWritten = O_RDWR | O_CREAT | O_CLOEXEC;
+  if (use == FileUse::Create) return open(name, kWritten | O_EXCL, kNewFileMode);
+  return RegularFile(open(name, kWritten, kNewFileMode));
 }
 
 void CloseFile(int descriptor) { close(descriptor); }

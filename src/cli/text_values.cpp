@@ -4,15 +4,13 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <iostream>
 #include <optional>
 
 #include "cli/command_line.h"
 #include "cli/hex_text.h"
 #include "cli/json_values.h"
 #include "cli/pipe.h"
+#include "cli/system_streams.h"
 #include "runtime/object.h"
 #include "runtime/utf8.h"
 
@@ -57,13 +55,13 @@ Json ZeroBytes(std::string_view size, InterfaceType type) {
   const auto hex = [](int count) { return std::string(2 * static_cast<std::size_t>(count), '0'); };
   if (type != InterfaceType::ByteTable || cross == size.npos) {
     if (cross != size.npos) Misfit("a number of bytes");
-    return {{"bytes", hex(rows)}};
+    return JsonObject("bytes", hex(rows));
   }
   const int columns = CountFromWord(size.substr(cross + 1));
   if (std::int64_t{rows} * columns > kMostZeroBytes || rows == 0 || columns == 0) {
     Misfit("the size of a table");
   }
-  Json table{{"bytes", hex(rows * columns)}};
+  Json table = JsonObject("bytes", hex(rows * columns));
   table["bounds"] = Json::array({Json::array({0, rows - 1}), Json::array({0, columns - 1})});
   return table;
 }
@@ -74,7 +72,7 @@ Json BytesFromWord(std::string_view word, InterfaceType type) {
   std::string digits(word);
   std::erase_if(digits, [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; });
   if (!FromHexText(digits)) Misfit("hexadecimal text, two digits a byte,");
-  return {{"bytes", std::move(digits)}};
+  return JsonObject("bytes", std::move(digits));
 }
 
 Json ParsedWord(std::string_view word) {
@@ -104,17 +102,25 @@ std::string BytesText(const Json& array) {
   return text;
 }
 
-std::string ReadAll(std::istream& in, const std::string& name) {
+std::string ReadAll(int descriptor, const std::string& name) {
   std::string text;
   char buffer[1 << 16];
-  while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
-    text.append(buffer, static_cast<std::size_t>(in.gcount()));
+  for (;;) {
+    const std::ptrdiff_t count = ReadSome(descriptor, buffer, sizeof buffer);
+    if (count < 0) throw UsageError("'" + name + "' cannot be read");
+    if (count == 0) break;
+    text.append(buffer, static_cast<std::size_t>(count));
     if (text.size() > kLongestLine) throw UsageError("'" + name + "' has more than 64 MB");
   }
-  if (in.bad()) throw UsageError("'" + name + "' cannot be read");
   const std::size_t line_end = text.ends_with("\r\n") ? 2 : text.ends_with('\n') ? 1 : 0;
   text.resize(text.size() - line_end);
   return text;
+}
+
+std::string TextOfFile(const std::string& name) {
+  const Stream file(OpenFile(name, FileUse::Read));
+  if (file.get() < 0) throw UsageError("'" + name + "' cannot be opened");
+  return ReadAll(file.get(), name);
 }
 
 }  // namespace
@@ -183,13 +189,9 @@ std::string WordReader::Read(std::string_view word) {
   } else if (word == "@-") {
     if (standard_input_used_) throw UsageError("standard input can give one value only");
     standard_input_used_ = true;
-    text = ReadAll(std::cin, "standard input");
+    text = ReadAll(kStandardInput, "standard input");
   } else if (word.starts_with('@')) {
-    const std::string name(word.substr(1));
-    std::ifstream file(std::filesystem::path(std::u8string(name.begin(), name.end())),
-                       std::ios::binary);
-    if (!file) throw UsageError("'" + name + "' cannot be opened");
-    text = ReadAll(file, name);
+    text = TextOfFile(std::string(word.substr(1)));
   }
   // A malformed byte would come back as another character.
   if (ToUtf8(FromUtf8(text)) != text) throw UsageError("a value is not in UTF-8");

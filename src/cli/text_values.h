@@ -36,6 +36,7 @@ class WordReader {
   // Raises UsageError for a file that cannot be read or has more than 64 MB, for standard input
   // asked for twice, and for what is not UTF-8.
   std::string Read(std::string_view word);
+  bool HasReadStandardInput() const noexcept { return standard_input_used_; }
 
  private:
   bool standard_input_used_ = false;

@@ -52,6 +52,8 @@ constexpr Word kWords[] = {
     {Type::PadMethod, "LEFTPAD", "\"LEFTPAD\""},
     {Type::ByteArray, "", "null"},
     {Type::ByteArray, "0a FF\n", R"({"bytes":"0aFF"})"},
+    {Type::ByteArray, "0\ta\r\n", R"({"bytes":"0a"})"},
+    {Type::ByteArray, "gg", nullptr},
     {Type::ByteArray, "0a F", nullptr},
     {Type::ByteArray, "0x", nullptr},
     {Type::ByteArray, ":0", R"({"bytes":""})"},
@@ -62,6 +64,9 @@ constexpr Word kWords[] = {
     {Type::ByteArray, ":1048577", nullptr},
     {Type::ByteTable, ":2x3", R"({"bytes":"000000000000","bounds":[[0,1],[0,2]]})"},
     {Type::ByteTable, ":0x3", nullptr},
+    {Type::ByteTable, ":3x0", nullptr},
+    {Type::ByteTable, ":1024x1025", nullptr},
+    {Type::ByteTable, ":3x", nullptr},
     {Type::ByteTable, ":1000000x1000000", nullptr},
     {Type::ByteTable, ":2", R"({"bytes":"0000"})"},
     {Type::Variant, "12", "\"12\""},
@@ -101,6 +106,7 @@ constexpr Shown kShown[] = {
     {R"({"vt":11,"value":true})", "True"},
     {R"({"vt":8209,"value":{"bytes":"FF"}})", "FF"},
     {R"({"object":"ADODB.Field"})", "ADODB.Field"},
+    {R"({"vt":8204,"value":{"bounds":[[1,3]]}})", R"({"bounds":[[1,3]]})"},
 };
 INSTANTIATE_TEST_SUITE_P(TextValues, FromJson, testing::ValuesIn(kShown));
 

@@ -46,6 +46,15 @@ until cmp -s resumed.csv one.csv; do
 done
 echo "resumed, and the same in the end"
 
+# On a terminal it tells how far it is; not every system gives one.
+if script -qec true /dev/null </dev/null >/dev/null 2>&1; then
+  script -qec "'$tool' batch FstrDiversifyKey istr_Key=@key.txt --column istr_DivFactor=serial \
+    --input in.csv --output shown.csv" /dev/null </dev/null >shown.txt
+  cmp one.csv shown.csv
+  tr '\r' '\n' <shown.txt | grep -q "^$rows rows, [0-9]* a second, 0 bad"
+  echo "the progress on a terminal"
+fi
+
 if command -v parallel >/dev/null; then
   parallel --will-cite --pipe --keep-order --header : --block 500k -j 2 \
     "$tool" batch FstrDiversifyKey istr_Key=@key.txt --column istr_DivFactor=serial --jobs 1 \

@@ -17,28 +17,16 @@ namespace {
 
 constexpr int kMostJobs = 256;
 
-// A descriptor, closed at the end unless it is one of the standard streams.
-class Stream {
- public:
-  explicit Stream(int standard) : descriptor_(standard) {}
-  Stream(const std::string& path, FileUse use) : descriptor_(OpenFile(path, use)) {
-    if (descriptor_ < 0) throw std::system_error(errno, std::generic_category(), path);
-  }
-  Stream(const Stream&) = delete;
-  Stream& operator=(const Stream&) = delete;
-  ~Stream() {
-    if (descriptor_ > kStandardError) CloseFile(descriptor_);
-  }
-  int get() const { return descriptor_; }
-
- private:
-  int descriptor_;
-};
+std::unique_ptr<Stream> Open(const std::string& path, FileUse use) {
+  auto stream = std::make_unique<Stream>(OpenFile(path, use));
+  if (stream->get() < 0) throw std::system_error(errno, std::generic_category(), path);
+  return stream;
+}
 
 std::unique_ptr<Stream> OpenInput(const CommandLine& line) {
   const auto path = line.Value("--input");
   if (!path || *path == "-") return std::make_unique<Stream>(kStandardInput);
-  return std::make_unique<Stream>(*path, FileUse::Read);
+  return Open(*path, FileUse::Read);
 }
 
 std::unique_ptr<Stream> OpenOutput(const CommandLine& line) {
@@ -46,55 +34,68 @@ std::unique_ptr<Stream> OpenOutput(const CommandLine& line) {
   const bool resumes = line.Has("--resume");
   if (!path) return std::make_unique<Stream>(kStandardOutput);
   try {
-    return std::make_unique<Stream>(*path, resumes ? FileUse::GoOn : FileUse::Create);
+    return Open(*path, resumes ? FileUse::GoOn : FileUse::Create);
   } catch (const std::system_error& error) {
     if (error.code().value() != EEXIST) throw;
     throw UsageError("'" + *path + "' exists; --resume goes on with it");
   }
 }
 
-// What an interrupted run has left: its complete rows, and the first of them.
+[[noreturn]] void RaiseOutputError() {
+  throw std::system_error(errno, std::generic_category(), "the output");
+}
+
+// What an interrupted run has left: its complete rows and where they end, and the first row as far
+// as it is there.
 struct Left {
   std::uint64_t records = 0;
+  std::int64_t complete_to = 0;
   std::string first;
 };
 
-// Counts the complete rows of an output and cuts off the one that is not.
-Left CutToCompleteRecords(int output, RecordFormat format) {
+// Keeps no more of the first row than shows that it is longer than it should be.
+Left ReadLeft(int output, RecordFormat format, std::size_t first_size) {
   Left left;
   RecordScanner scanner(format);
   std::int64_t read_to = 0;
-  std::int64_t complete_to = 0;
   char buffer[1 << 16];
-  for (std::ptrdiff_t count = 0; (count = ReadSome(output, buffer, sizeof buffer)) > 0;) {
+  for (;;) {
+    const std::ptrdiff_t count = ReadSome(output, buffer, sizeof buffer);
+    if (count < 0) RaiseOutputError();
+    if (count == 0) return left;
     std::string_view bytes(buffer, static_cast<std::size_t>(count));
     while (!bytes.empty()) {
       const std::size_t size = scanner.Take(bytes);
       const std::string_view taken = bytes.substr(0, size);
-      if (left.records == 0) left.first += taken;
+      const bool of_first = left.records == 0 && left.first.size() <= first_size;
+      if (of_first) left.first += taken;
       read_to += static_cast<std::int64_t>(taken.size());
       bytes.remove_prefix(taken.size());
       if (size == bytes.npos) continue;
-      complete_to = read_to;
+      left.complete_to = read_to;
       ++left.records;
     }
   }
-  if (!CutFile(output, complete_to)) {
-    throw std::system_error(errno, std::generic_category(), "the output");
-  }
-  return left;
 }
 
-// The rows that need no work any more; writes the header where there is none yet.
-std::uint64_t GoOn(int output, const BatchPlan& plan, const std::string& header, bool resumes) {
-  const Left left = resumes ? CutToCompleteRecords(output, plan.format) : Left{};
-  if (left.records == 0) {
-    if (WriteAll(output, header)) return 0;
-    throw std::system_error(errno, std::generic_category(), "the output");
+// The rows that need no work any more; cuts off what is left of one that is not complete. A file
+// that is not from such a run is refused as it is.
+std::uint64_t GoOn(int output, const BatchPlan& plan, const std::string& header) {
+  const Left left = ReadLeft(output, plan.format, header.size());
+  const bool fits = left.records == 0 ? header.starts_with(left.first) : left.first == header;
+  if (plan.has_header && !fits) {
+    throw UsageError("the output to go on with has other columns");
   }
-  if (!plan.has_header) return left.records;
-  if (left.first != header) throw UsageError("the output to go on with has other columns");
-  return left.records - 1;
+  if (!CutFile(output, left.complete_to)) RaiseOutputError();
+  return left.records;
+}
+
+// The rows to leave out; writes the header where there is none yet.
+std::uint64_t Begin(int output, const BatchPlan& plan, const std::string& header, bool resumes) {
+  const std::uint64_t records = resumes ? GoOn(output, plan, header) : 0;
+  if (records == 0 && !WriteAll(output, header)) RaiseOutputError();
+  const bool behind_header = plan.has_header && records > 0;
+  return behind_header ? records - 1 : records;
 }
 
 int ReadJobs(const CommandLine& line) {
@@ -126,6 +127,7 @@ BatchTotals Run(const CommandLine& line, const BatchPlan& plan) {
   RecordReader reader(input->get(), plan.format);
   const std::string first = plan.has_header ? reader.TakeFirst() : std::string();
   if (plan.has_header && first.empty()) return {};
+  if (first.size() > kLongestRecord) throw UsageError("the header has more than 1 MB");
   std::unique_ptr<RowFormat> format;
   std::string header;
   if (plan.format.separator) {
@@ -137,7 +139,7 @@ BatchTotals Run(const CommandLine& line, const BatchPlan& plan) {
   }
 
   const auto output = OpenOutput(line);
-  reader.Skip(GoOn(output->get(), plan, header, line.Has("--resume")));
+  reader.Skip(Begin(output->get(), plan, header, line.Has("--resume")));
   BatchStreams streams;
   streams.output = output->get();
   streams.shows_progress = IsTerminal(streams.messages);

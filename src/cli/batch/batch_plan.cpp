@@ -37,6 +37,9 @@ void ReadFixed(const CommandLine& line, BatchPlan& plan) {
   ArgumentWords words(member);
   for (std::size_t i = 1; i < line.words.size(); ++i)
     words.Add(line.words[i]);
+  const bool rows_are_gone =
+      words.HaveReadStandardInput() && line.Value("--input").value_or("-") == "-";
+  if (rows_are_gone) throw UsageError("standard input gives the rows; name a file for the value");
   const Json arguments = words.Take();
   for (const auto& [name, json] : arguments.items()) {
     const std::size_t index = ParameterIndex(member, name);

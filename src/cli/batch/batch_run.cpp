@@ -1,6 +1,7 @@
 // Every thread reads a block, works on it, and writes it when the blocks before it are written.
 #include "cli/batch/batch_run.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <condition_variable>
@@ -27,7 +28,9 @@ class Progress {
     const Clock::time_point now = Clock::now();
     if (!at_end && now - last_ < std::chrono::milliseconds(500)) return;
     last_ = now;
-    const double seconds = std::chrono::duration<double>(now - start_).count();
+    // A clock of coarse steps may not have moved yet.
+    const auto elapsed = std::max<Clock::duration>(now - start_, std::chrono::milliseconds(1));
+    const double seconds = std::chrono::duration<double>(elapsed).count();
     const auto rate = static_cast<std::uint64_t>(static_cast<double>(totals.rows) / seconds);
     WriteAll(terminal_, "\r" + std::to_string(totals.rows) + " rows, " + std::to_string(rate) +
                             " a second, " + std::to_string(totals.bad) + " bad " +

@@ -87,7 +87,7 @@ void RecordReader::DiscardRecord(RecordBlock& block) {
 std::string RecordReader::TakeFirst() {
   RecordScanner scanner(format_);
   std::string first;
-  while (!at_end_) {
+  while (!at_end_ && first.size() <= kLongestRecord) {
     std::string piece;
     ReadMore(piece);
     const std::size_t size = scanner.Take(piece);

@@ -51,7 +51,8 @@ class RecordReader {
  public:
   RecordReader(int descriptor, RecordFormat format) : descriptor_(descriptor), format_(format) {}
 
-  // The first record, its line end included; "" for an empty input. To be called before Next.
+  // The first record, its line end included; "" for an empty input. To be called before Next. Of
+  // one above kLongestRecord only so much is read that it shows.
   std::string TakeFirst();
 
   // Leaves the next records out.

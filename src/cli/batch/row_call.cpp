@@ -52,8 +52,6 @@ std::string RowCall::Run() {
     return {};
   } catch (const AutomationError& error) {
     return TextFromError(EncodeError(error));
-  } catch (const ArgumentError& misfit) {
-    return misfit.what();
   } catch (const std::bad_alloc&) {
     return "out of memory";
   } catch (const std::length_error&) {

@@ -55,6 +55,8 @@ class JsonRows final : public RowFormat {
   void AddUnread(const std::string& error, std::string& output) const override;
 
  private:
+  void DropResults(Json& row) const;
+
   const BatchPlan& plan_;
 };
 
