@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <exception>
+#include <new>
 
 #include "cli/batch/batch_command.h"
 #include "cli/call_command.h"
@@ -47,6 +48,8 @@ CommandResult RunAndExplain(std::span<const char* const> arguments) {
     return Run(line);
   } catch (const UsageError& error) {
     return {kUnusable, "", "vandpublic: " + std::string(error.what()) + "\nSee '" + help + "'.\n"};
+  } catch (const std::bad_alloc&) {
+    return {kUnusable, "", "vandpublic: out of memory\n"};
   } catch (const std::exception& error) {
     return {kUnusable, "", "vandpublic: " + std::string(error.what()) + "\n"};
   }
