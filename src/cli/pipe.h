@@ -10,7 +10,7 @@
 
 namespace vandpublic {
 
-inline constexpr std::size_t kLongestLine = 64 * 1024 * 1024;
+inline constexpr std::size_t kLongestLine = std::size_t{64} * 1024 * 1024;
 
 // Cuts what a file descriptor delivers into lines.
 class LineReader {

@@ -33,7 +33,7 @@ class RecordScanner {
   CsvScanner fields_;
 };
 
-inline constexpr std::size_t kLongestRecord = 1024 * 1024;
+inline constexpr std::size_t kLongestRecord = std::size_t{1024} * 1024;
 
 struct Record {
   std::string_view text;  // with its line end, which only the last one of an input may lack
