@@ -18,6 +18,7 @@
 
 #include "crypto/kernels/cipher_job.h"
 #include "crypto/kernels/local_wipe.h"
+#include "crypto/kernels/pass_schedules.h"
 #include "crypto/kernels/sbox_circuits.h"
 
 namespace vandpublic::des {
@@ -145,6 +146,29 @@ template <class V>
   ExchangeAll<1>(v, 1, 0x5555555555555555);
 }
 
+// The masks of the key registers of a pass, and once more their complements.
+template <class Mask>
+struct BitPassKeys {
+  Mask mask[2 * kMasks];
+  bool encipher;
+
+  void Fill(const Pass& pass) {
+    for (std::size_t i = 0; i < kMasks; ++i) {
+      const std::size_t bit = kSliceTables.register_bit[i];
+      const std::uint64_t set = (std::uint64_t{pass.key[bit / 8]} >> (7 - bit % 8)) & 1;
+      mask[i] = Mask{} ^ (0 - set);
+      mask[kMasks + i] = ~mask[i];
+    }
+    encipher = pass.encipher;
+  }
+
+  // Round r (from 0) reads a half that has been updated (r + 1) / 2 times.
+  RoundMasks<Mask> Round(std::size_t r) const {
+    const Mask* const plain = mask + kSliceTables.rotation[encipher ? r : 15 - r];
+    return {plain, plain + ((r + 1) / 2 % 2 == 1 ? kMasks : 0)};
+  }
+};
+
 template <class Vector>
 class BitSlices {
  public:
@@ -152,30 +176,17 @@ class BitSlices {
   using Mask = typename Vector::Mask;
   static constexpr std::size_t kBatch = 8 * sizeof(V);
 
-  explicit BitSlices(const PassList& passes) : passes_(passes) {
-    for (int p = 0; p < passes.count; ++p) {
-      for (std::size_t i = 0; i < kMasks; ++i) {
-        const std::size_t bit = kSliceTables.register_bit[i];
-        const std::uint64_t set = (std::uint64_t{passes.pass[p].key[bit / 8]} >> (7 - bit % 8)) & 1;
-        const Mask mask = Mask{} ^ (0 - set);
-        masks_[p][i] = mask;
-        masks_[p][kMasks + i] = ~mask;
-      }
-    }
-  }
+  explicit BitSlices(const PassList& passes) : count_(passes.count), keys_(passes) {}
   BitSlices(const BitSlices&) = delete;
   BitSlices& operator=(const BitSlices&) = delete;
-  ~BitSlices() {
-    WipeLocal(masks_, sizeof masks_[0] * static_cast<std::size_t>(passes_.count));
-    WipeLocal(half_, sizeof half_);
-  }
+  ~BitSlices() { WipeLocal(half_, sizeof half_); }
 
   // One whole batch.
   void Cipher(const Byte* source, Byte* result) {
     Enter(source);
-    for (int p = 0; p < passes_.count; ++p)
+    for (int p = 0; p < count_; ++p)
       RunPass(p);
-    Leave(result, passes_.count % 2 == 1);
+    Leave(result, count_ % 2 == 1);
   }
 
  private:
@@ -229,20 +240,13 @@ class BitSlices {
     V* const right = half_ + (p % 2 == 0 ? 32 : 0);
     constexpr auto kBoxes = std::make_index_sequence<8>();
     for (std::size_t r = 0; r < 16; r += 2) {
-      RunRound(right, left, MasksOf(p, r), kBoxes);
-      RunRound(left, right, MasksOf(p, r + 1), kBoxes);
+      RunRound(right, left, keys_[p].Round(r), kBoxes);
+      RunRound(left, right, keys_[p].Round(r + 1), kBoxes);
     }
   }
 
-  // Round r (from 0) reads a half that has been updated (r + 1) / 2 times.
-  RoundMasks<Mask> MasksOf(int p, std::size_t r) const {
-    const std::size_t order = passes_.pass[p].encipher ? r : 15 - r;
-    const Mask* const plain = masks_[p] + kSliceTables.rotation[order];
-    return {plain, plain + ((r + 1) / 2 % 2 == 1 ? kMasks : 0)};
-  }
-
-  const PassList& passes_;
-  Mask masks_[kMostPasses][2 * kMasks];  // the second half complemented
+  int count_;
+  PassSchedules<BitPassKeys<Mask>> keys_;
   V half_[64];
 };
 

@@ -29,6 +29,7 @@
 #include "crypto/kernels/byte_wiring.h"
 #include "crypto/kernels/cipher_job.h"
 #include "crypto/kernels/local_wipe.h"
+#include "crypto/kernels/pass_schedules.h"
 #include "crypto/kernels/table_data.h"
 
 namespace vandpublic::des {
@@ -78,22 +79,45 @@ consteval ByteTables MakeByteTables() {
 }
 constexpr ByteTables kByteTables = MakeByteTables();
 
+// The key words of a pass in the order of use, each byte four times.
+struct BytePassKeys {
+  alignas(64) std::uint32_t word[kKeyWords][8];
+
+  void Fill(const Pass& pass) {
+    using Words [[gnu::vector_size(32)]] = std::uint64_t;
+    constexpr std::size_t kCount = kKeyRowWords / 4;
+    Words sum[kCount] = {};
+    for (std::size_t byte = 0; byte < 8; ++byte) {
+      const Byte value = pass.key[byte];
+      const auto* const high =
+          reinterpret_cast<const Words*>(kByteKeyTables.high[byte][value >> 4]);
+      const auto* const low =
+          reinterpret_cast<const Words*>(kByteKeyTables.low[byte][value >> 1 & 7]);
+      for (std::size_t i = 0; i < kCount; ++i)
+        sum[i] ^= high[i] ^ low[i];
+    }
+    std::uint64_t words[kKeyRowWords];
+    std::memcpy(words, sum, sizeof words);
+    // Bytes 0 to 3 four times each in the lower lane, 4 to 7 in the upper one.
+    const __m256i four_times = _mm256_setr_epi32(0x00000000, 0x01010101, 0x02020202, 0x03030303,
+                                                 0x04040404, 0x05050505, 0x06060606, 0x07070707);
+    for (std::size_t w = 0; w < kKeyWords; ++w) {
+      const std::uint64_t one = words[pass.encipher ? w : kKeyWords - 1 - w];
+      const __m256i both = _mm256_set1_epi64x(static_cast<long long>(one));
+      const __m256i spread = _mm256_shuffle_epi8(both, four_times);
+      std::memcpy(word[w], &spread, sizeof spread);
+    }
+    WipeLocal(words, sizeof words);
+  }
+};
+
 template <class Vector>
 class ByteSlices {
  public:
   using V = typename Vector::Type;
   static constexpr std::size_t kBatch = sizeof(V);
 
-  explicit ByteSlices(const PassList& passes) : count_(passes.count) {
-    for (int p = 0; p < passes.count; ++p)
-      Schedule(passes.pass[p], keys_[p]);
-  }
-  ByteSlices(const ByteSlices&) = delete;
-  ByteSlices& operator=(const ByteSlices&) = delete;
-  ~ByteSlices() {
-    for (int p = 0; p < count_; ++p)
-      WipeLocal(&keys_[p], sizeof keys_[p]);
-  }
+  explicit ByteSlices(const PassList& passes) : count_(passes.count), keys_(passes) {}
 
   // 1 to kBatch blocks.
   [[gnu::always_inline]] void Cipher(const Byte* source, Byte* result, std::size_t blocks) const {
@@ -120,38 +144,6 @@ class ByteSlices {
   }
 
  private:
-  // The key words of a pass in the order of use, each byte four times.
-  struct PassKeys {
-    alignas(64) std::uint32_t word[kKeyWords][8];
-  };
-
-  static void Schedule(const Pass& pass, PassKeys& keys) {
-    using Words [[gnu::vector_size(32)]] = std::uint64_t;
-    constexpr std::size_t kCount = kKeyRowWords / 4;
-    Words sum[kCount] = {};
-    for (std::size_t byte = 0; byte < 8; ++byte) {
-      const Byte value = pass.key[byte];
-      const auto* const high =
-          reinterpret_cast<const Words*>(kByteKeyTables.high[byte][value >> 4]);
-      const auto* const low =
-          reinterpret_cast<const Words*>(kByteKeyTables.low[byte][value >> 1 & 7]);
-      for (std::size_t i = 0; i < kCount; ++i)
-        sum[i] ^= high[i] ^ low[i];
-    }
-    std::uint64_t words[kKeyRowWords];
-    std::memcpy(words, sum, sizeof words);
-    // Bytes 0 to 3 four times each in the lower lane, 4 to 7 in the upper one.
-    const __m256i four_times = _mm256_setr_epi32(0x00000000, 0x01010101, 0x02020202, 0x03030303,
-                                                 0x04040404, 0x05050505, 0x06060606, 0x07070707);
-    for (std::size_t w = 0; w < kKeyWords; ++w) {
-      const std::uint64_t word = words[pass.encipher ? w : kKeyWords - 1 - w];
-      const __m256i both = _mm256_set1_epi64x(static_cast<long long>(word));
-      const __m256i spread = _mm256_shuffle_epi8(both, four_times);
-      std::memcpy(keys.word[w], &spread, sizeof spread);
-    }
-    WipeLocal(words, sizeof words);
-  }
-
   // S-box t reads octet t / 2 and, at one end, a bit of the octet before or after it.
   [[gnu::always_inline]] static void Enter(const V* octets, V (&half)[8]) {
     for (std::size_t t = 0; t < 8; ++t) {
@@ -196,7 +188,7 @@ class ByteSlices {
   }
 
   // x is left and y is right, before and after.
-  [[gnu::always_inline]] static void RunPass(const PassKeys& keys, V (&x)[8], V (&y)[8]) {
+  [[gnu::always_inline]] static void RunPass(const BytePassKeys& keys, V (&x)[8], V (&y)[8]) {
     constexpr auto kBoxes = std::make_index_sequence<8>();
     constexpr auto kPairs = std::make_index_sequence<kPairCount>();
     const V masks[3] = {Vector::Repeat8(kSelectMasks[0]), Vector::Repeat8(kSelectMasks[1]),
@@ -215,7 +207,7 @@ class ByteSlices {
   }
 
   int count_;
-  PassKeys keys_[kMostPasses];
+  PassSchedules<BytePassKeys> keys_;
 };
 
 template <class Vector>

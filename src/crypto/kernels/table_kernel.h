@@ -17,65 +17,39 @@
 
 #include "crypto/kernels/cipher_job.h"
 #include "crypto/kernels/expanded_half.h"
-#include "crypto/kernels/local_wipe.h"
+#include "crypto/kernels/pass_schedules.h"
 #include "crypto/kernels/table_data.h"
 
 namespace vandpublic::des {
 namespace {
+
+// Four words XORed at once, by as many instructions as that takes.
+using Words [[gnu::vector_size(32), gnu::may_alias]] = std::uint64_t;
 
 // The subkeys of one pass, in the order of use when it enciphers and backwards when it deciphers,
 // as the rows of KeyTables have them.
 struct PassKeys {
   alignas(32) std::uint64_t word[kKeyRowWords];
   bool encipher;
-};
 
-// Four words XORed at once, by as many instructions as that takes.
-using Words [[gnu::vector_size(32), gnu::may_alias]] = std::uint64_t;
-
-// XORs up the rows.
-inline void Schedule(const Pass& pass, PassKeys& keys) {
-  constexpr std::size_t kCount = kKeyRowWords / 4;
-  // Where the caller wipes them, not in a variable here that would stay on the stack.
-  auto* const sum = reinterpret_cast<Words*>(keys.word);
-  for (std::size_t i = 0; i < kCount; ++i)
-    sum[i] = Words{};
-  for (int byte = 0; byte < 8; ++byte) {
-    const Byte value = pass.key[byte];
-    const auto* const high = reinterpret_cast<const Words*>(kKeyTables.high[byte][value >> 4]);
-    const auto* const low = reinterpret_cast<const Words*>(kKeyTables.low[byte][value >> 1 & 7]);
+  // XORs up the rows.
+  void Fill(const Pass& pass) {
+    constexpr std::size_t kCount = kKeyRowWords / 4;
+    // Where they are wiped, not in a variable here that would stay on the stack.
+    auto* const sum = reinterpret_cast<Words*>(word);
     for (std::size_t i = 0; i < kCount; ++i)
-      sum[i] ^= high[i] ^ low[i];
-  }
-  keys.encipher = pass.encipher;
-}
-
-// The subkeys of all passes; wiped at the end.
-class TableKeys {
- public:
-  explicit TableKeys(const PassList& passes) {
-    for (int p = 0; p < passes.count; ++p) {
-      const Pass& pass = passes.pass[p];
-      const bool again =
-          p == 2 && pass.key == passes.pass[0].key && pass.encipher == passes.pass[0].encipher;
-      order_[p] = again ? order_[0] : &keys_[used_++];
-      if (!again) Schedule(pass, *order_[p]);
+      sum[i] = Words{};
+    for (int byte = 0; byte < 8; ++byte) {
+      const Byte value = pass.key[byte];
+      const auto* const high = reinterpret_cast<const Words*>(kKeyTables.high[byte][value >> 4]);
+      const auto* const low = reinterpret_cast<const Words*>(kKeyTables.low[byte][value >> 1 & 7]);
+      for (std::size_t i = 0; i < kCount; ++i)
+        sum[i] ^= high[i] ^ low[i];
     }
+    encipher = pass.encipher;
   }
-  TableKeys(const TableKeys&) = delete;
-  TableKeys& operator=(const TableKeys&) = delete;
-  ~TableKeys() {
-    for (int p = 0; p < used_; ++p)
-      WipeLocal(&keys_[p], sizeof keys_[p]);
-  }
-
-  const PassKeys& operator[](int pass) const { return *order_[pass]; }
-
- private:
-  PassKeys keys_[kMostPasses];
-  PassKeys* order_[kMostPasses];
-  int used_ = 0;
 };
+using TableKeys = PassSchedules<PassKeys>;
 
 inline std::uint64_t Look(std::uint64_t fields) {
   const auto at = [fields](int b) {
