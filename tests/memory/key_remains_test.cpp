@@ -43,7 +43,7 @@ std::vector<Secret> KeySecrets() {
                                  {"second key half", BytesOf(key.Elements().data() + 8, 8)}};
   if (!kBuiltAsShipped) return secrets;
   des::PassKeys subkeys{};
-  des::Schedule({key.Elements().data(), true}, subkeys);
+  subkeys.Fill({key.Elements().data(), true});
   for (const int i : {0, 1, 5, 16})
     secrets.push_back({"subkeys " + std::to_string(i), BytesOf(&subkeys.word[i], 8)});
   return secrets;
@@ -117,7 +117,7 @@ TEST(KeyRemains, The_search_finds_what_a_careless_call_leaves) {
     Byte local[16];
     std::memcpy(local, copy.data(), sizeof local);
     des::PassKeys subkeys;
-    des::Schedule({local, true}, subkeys);
+    subkeys.Fill({local, true});
     asm volatile("" : : "r"(local), "r"(&subkeys) : "memory");
   });
   EXPECT_THAT(remains, Contains("heap: second key half"));
