@@ -93,14 +93,28 @@ class TreeBuilder {
 // Walks over the outermost object of a text that is known to be JSON.
 class Walker {
  public:
-  explicit Walker(std::string_view text) : text_(text) {}
+  explicit Walker(std::string_view text) : text_(text) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // the parser skips one in front
+    if (text_.starts_with(kByteOrderMark)) text_.remove_prefix(kByteOrderMark.size());
+    Skip("{");
+  }
 
+  bool AtEnd() const { return at_ >= text_.size() || text_[at_] == '}'; }
+
+  WrittenMember TakeMember() {
+    const std::string_view key = TakeString();
+    Skip(":");
+    const std::string_view value = TakeValue();
+    Skip(",");
+    return {key, value};
+  }
+
+ private:
   // Moves to the next character that is neither white space nor one of these.
   void Skip(std::string_view also) {
     while (at_ < text_.size() && (IsSpace(text_[at_]) || also.find(text_[at_]) != also.npos))
       ++at_;
   }
-  bool AtEnd() const { return at_ >= text_.size() || text_[at_] == '}'; }
 
   std::string_view TakeString() {
     const std::size_t start = at_++;
@@ -125,7 +139,6 @@ class Walker {
     return text_.substr(start, at_ - start);
   }
 
- private:
   static bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
   static bool IsOpening(char c) { return c == '{' || c == '['; }
   static bool IsClosing(char c) { return c == '}' || c == ']'; }
@@ -149,18 +162,19 @@ Json ParseJson(std::string_view text) {
 }
 
 std::string_view RawMember(std::string_view text, std::string_view key) {
-  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // the parser skips one in front
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   Walker walker(text);
-  walker.Skip("{");
   while (!walker.AtEnd()) {
-    const std::string_view name = walker.TakeString();
-    walker.Skip(":");
-    const std::string_view value = walker.TakeValue();
-    if (name.substr(1, name.size() - 2) == key) return value;
-    walker.Skip(",");
+    const WrittenMember member = walker.TakeMember();
+    if (member.key.substr(1, member.key.size() - 2) == key) return member.value;
   }
   return {};
+}
+
+std::vector<WrittenMember> WrittenMembers(std::string_view text) {
+  std::vector<WrittenMember> members;
+  for (Walker walker(text); !walker.AtEnd();)
+    members.push_back(walker.TakeMember());
+  return members;
 }
 
 Json JsonObject(std::string_view key, Json value) {

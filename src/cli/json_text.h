@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vandpublic {
 
@@ -32,6 +33,13 @@ Json ParseJson(std::string_view text);
 //
 //   RawMember(R"({"id":1.50,"show":"a"})", "id")  is  "1.50"
 std::string_view RawMember(std::string_view text, std::string_view key);
+
+// All members of such an object as they are written, in their order.
+struct WrittenMember {
+  std::string_view key;  // in its quotes
+  std::string_view value;
+};
+std::vector<WrittenMember> WrittenMembers(std::string_view text);
 
 // {KEY: value}. Braces alone would take a pair of texts for an array.
 Json JsonObject(std::string_view key, Json value);

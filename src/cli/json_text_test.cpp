@@ -85,6 +85,17 @@ TEST(JsonText, raw_member_is_empty_when_there_is_none) {
   EXPECT_EQ(RawMember(R"({"a":"id"})", "id"), "");
 }
 
+TEST(WrittenMembers, stand_as_they_are_written) {
+  const auto members = WrittenMembers(R"({ "\u0061" :1.50 , "b":[ 1, 2 ],"":"}"})");
+  ASSERT_EQ(members.size(), 3U);
+  EXPECT_EQ(members[0].key, R"("\u0061")");
+  EXPECT_EQ(members[0].value, "1.50");
+  EXPECT_EQ(members[1].value, "[ 1, 2 ]");
+  EXPECT_EQ(members[2].key, R"("")");
+  EXPECT_EQ(members[2].value, R"("}")");
+  EXPECT_TRUE(WrittenMembers("{ }").empty());
+}
+
 TEST(JsonText, quotes_are_shortened_between_characters) {
   EXPECT_EQ(Quoted("short"), "short");
   EXPECT_EQ(Quoted(std::string(81, 'a')), std::string(80, 'a') + "...");

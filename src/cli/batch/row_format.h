@@ -55,7 +55,10 @@ class JsonRows final : public RowFormat {
   void AddUnread(const std::string& error, std::string& output) const override;
 
  private:
-  void DropResults(Json& row) const;
+  Json Results(const RowCall& call) const;
+  void AddRow(std::string_view text, const Json& row, const Json& results,
+              std::string& output) const;
+  bool IsOfEarlierRun(const std::string& key, const Json& results) const;
 
   const BatchPlan& plan_;
 };
