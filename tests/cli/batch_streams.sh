@@ -2,7 +2,7 @@
 # Inputs, outputs and messages of a batch that cannot be used, or only in part.
 batch() { vandpublic batch HexToDec --column istr_HexNumber=code "$@"; }
 lines() { vandpublic batch HexToDec --column istr_HexNumber=1 --no-header "$@"; }
-json() { vandpublic batch HexToDec --column istr_HexNumber=code --format jsonl "$@"; }
+json() { vandpublic batch HexToDec --column istr_HexNumber=code --format jsonl; }
 printf 'code\nFF\nGG\n' >in.csv
 
 echo "-- inputs"
