@@ -30,9 +30,10 @@ class MariaDbSource final : public TestSource {
   }
 
   void Start() override {
+    RunProgram({"mkdir", OwnTemporary()});  // by the user that the server runs as
     RunProgram({"mariadb-install-db", "--no-defaults", "--skip-test-db",
                 "--auth-root-authentication-method=normal", "--datadir=" + Data(),
-                "--innodb-log-file-size=4M"});
+                "--tmpdir=" + OwnTemporary(), "--innodb-log-file-size=4M"});
     Restart();
     RunProgram({"mariadb", "--no-defaults", "--user=root", "--socket=" + Socket()},
                "CREATE DATABASE first CHARACTER SET utf8mb4;"
@@ -57,7 +58,7 @@ class MariaDbSource final : public TestSource {
                   "--bind-address=127.0.0.1", "--port=" + port_, "--skip-name-resolve",
                   "--pid-file=" + (folder_ / "pid").string(), "--innodb-flush-log-at-trx-commit=2",
                   "--innodb-buffer-pool-size=16M", "--max-allowed-packet=16M",
-                  "--innodb-log-file-size=4M"},
+                  "--innodb-log-file-size=4M", "--tmpdir=" + OwnTemporary()},
         folder_ / "server.log");
     for (int i = 0; i < 300; ++i) {
       try {
@@ -90,6 +91,8 @@ class MariaDbSource final : public TestSource {
 
  private:
   std::string Data() const { return folder_ / "data"; }
+  // A server that starts clears what others have left in the folder, also what they still use.
+  std::string OwnTemporary() const { return folder_ / "tmp"; }
   std::string Socket() const { return folder_ / "socket"; }
 
   std::filesystem::path folder_;
