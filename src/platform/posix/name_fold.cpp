@@ -2,8 +2,8 @@
 // the host's locale may know ASCII letters only.
 #include "platform/posix/name_fold.h"
 
-#include <locale.h>
-#include <wctype.h>
+#include <clocale>
+#include <cwctype>
 
 #include <algorithm>
 

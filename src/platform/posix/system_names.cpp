@@ -1,8 +1,8 @@
 // Fixed folders and the kernel's host name.
 #include "platform/posix/system_names.h"
 
-#include <limits.h>
 #include <unistd.h>
+#include <climits>
 
 namespace vandpublic {
 

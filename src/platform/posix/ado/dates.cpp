@@ -111,8 +111,9 @@ std::optional<CivilTime> ToCivilTime(Date date, std::int64_t unit) {
   constexpr double kFarthest = 3e6;
   if (!(std::fabs(date.days) < kFarthest)) return std::nullopt;
   double day = std::trunc(date.days);
-  const auto units_of_day = static_cast<double>(kMillisecondsOfDay / unit);
-  std::int64_t part = std::llround(std::fabs(date.days - day) * units_of_day) * unit;
+  const std::int64_t units_of_day = kMillisecondsOfDay / unit;  // without a rest
+  const double units = std::fabs(date.days - day) * static_cast<double>(units_of_day);
+  std::int64_t part = std::llround(units) * unit;
   if (part >= kMillisecondsOfDay) {
     part -= kMillisecondsOfDay;
     ++day;

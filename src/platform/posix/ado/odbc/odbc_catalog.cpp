@@ -50,6 +50,7 @@ std::vector<Names> UniqueIndexes(const OdbcSession& session, const OdbcColumn& t
     indexes[index].push_back(std::move(column));
   }
   std::vector<Names> keys;
+  keys.reserve(indexes.size());
   for (auto& [index, columns] : indexes)
     keys.push_back(std::move(columns));
   return keys;

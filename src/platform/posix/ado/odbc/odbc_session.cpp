@@ -22,7 +22,10 @@ void RefuseZeros(std::string_view text) {
   Raise(ObjectError::InvalidArgument, kConnectionSource);
 }
 
-SQLPOINTER AttributeValue(std::uintptr_t value) { return reinterpret_cast<SQLPOINTER>(value); }
+// The interface passes numbers as pointers.
+SQLPOINTER AttributeValue(std::uintptr_t value) {
+  return reinterpret_cast<SQLPOINTER>(value);  // NOLINT(performance-no-int-to-ptr)
+}
 
 Long TimeoutOf(const ConnectionString& text) {
   const std::string value = text.Value("Connect Timeout");
