@@ -144,10 +144,10 @@ TEST(ByteTable, The_last_subscript_runs_fastest) {
 
 TEST(ByteTable, Each_subscript_is_checked_against_its_own_dimension) {
   const ByteTable table({0, 2}, {0, 3});
-  for (const auto& [row, column] : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 3}, {1, 3}}) {
-    EXPECT_EQ(RaisedBy([&] { table.At(row, column); }),
+  for (const auto& at : {std::pair{-1, 0}, {2, 0}, {0, -1}, {0, 3}, {1, 3}}) {
+    EXPECT_EQ(RaisedBy([&] { table.At(at.first, at.second); }),
               PlainFault(FaultNumber::SubscriptOutOfRange))
-        << row << ", " << column;
+        << at.first << ", " << at.second;
   }
 }
 
