@@ -26,7 +26,7 @@ class ByteStreams {
   ByteStreams& operator=(const ByteStreams&) = delete;
 
  private:
-  unsigned previous_;
+  [[maybe_unused]] unsigned previous_;  // the console's code page, on Windows
 };
 
 // Reads what a descriptor has, up to `size` bytes, and waits where it has nothing yet, also where

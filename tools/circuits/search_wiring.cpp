@@ -182,7 +182,7 @@ std::uint32_t FewestMasks(const State& state, int limit) {
   const std::vector<Group> groups = Groups(state);
   for (int count = 3; count <= limit; ++count) {
     std::uint32_t masks = (1u << count) - 1;
-    while (masks < (std::uint64_t{1} << 32) && masks != 0) {
+    while (masks != 0) {
       if (AllFit(state, groups, masks)) return masks;
       const std::uint32_t low = masks & (~masks + 1);
       const std::uint64_t ripple = std::uint64_t{masks} + low;
