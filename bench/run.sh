@@ -1,7 +1,7 @@
 #!/bin/sh
 # Builds the benchmarks, runs each family beside its peers in five processes, and once more for each
 # further set of kernels of this processor (the engine alone), prints the tables of ratios and
-# writes them to docs/performance. Takes some ten minutes; the machine should have nothing else to
+# writes them to docs/performance. Takes two minutes once built; the machine should have nothing else to
 # do.
 #
 #   bench/run.sh            both families
